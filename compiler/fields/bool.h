@@ -1,0 +1,30 @@
+// bool
+
+#ifndef VANTIRO_COMPILER_FIELDS_BOOL_H_
+#define VANTIRO_COMPILER_FIELDS_BOOL_H_
+
+#include <string>
+
+#include "compiler/fields/scalar.h"
+
+namespace vantiro {
+namespace compiler {
+
+class BoolField : public ScalarField {
+ public:
+  explicit BoolField(const google::protobuf::FieldDescriptor* field)
+      : ScalarField(field, "bool", "bool") {}
+
+  std::string Parse() const override;
+  int scalar_width() const override { return 1; }
+  int max_encoded_size() const override { return tag_size() + 1; }
+
+ protected:
+  std::string ValueSize() const override { return "1"; }
+  std::string WriteValue() const override { return "frame::WriteTrue(p)"; }
+};
+
+}  // namespace compiler
+}  // namespace vantiro
+
+#endif  // VANTIRO_COMPILER_FIELDS_BOOL_H_

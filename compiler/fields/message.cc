@@ -1,0 +1,188 @@
+#include "compiler/fields/message.h"
+
+#include "compiler/names.h"
+
+namespace vantiro {
+namespace compiler {
+
+using google::protobuf::FieldDescriptor;
+
+MessageField::MessageField(const FieldDescriptor* field)
+    : Field(field),
+      has_arenas_(HasArenas(field->file())),
+      is_foreign_(field->message_type()->file() != field->file()) {
+  AddHoles({{"Sub", QualifiedName(field->message_type())}});
+  // Without arenas a message always lies on the heap, and so do its children.
+  AddHoles(
+      {{"arena", has_arenas_ ? "GetArenaForAllocation()" : "nullptr"},
+       {"delete_old", has_arenas_ ? "if (GetArenaForAllocation() == nullptr) "
+                                    "delete " +
+                                        field->name() + "_;"
+                                  : "delete " + field->name() + "_;"}});
+}
+
+std::string MessageField::Member() const {
+  return Fill(holes(), R"(
+      $Sub$* $name$_ = nullptr;
+  )");
+}
+
+std::string MessageField::AccessorDeclarations() const {
+  const std::string unsafe_arena = !has_arenas_ ? "" : Fill(holes(), R"(
+      // Takes `value`, which may be null, without asking where it lies.
+      void unsafe_arena_set_allocated_$name$($Sub$* value);
+      $Sub$* unsafe_arena_release_$name$();
+  )");
+  return Fill(With(holes(), {{"unsafe_arena", unsafe_arena}}), R"(
+      // $declaration$
+      bool has_$name$() const;
+      void clear_$name$();
+      const $Sub$& $name$() const;
+      $Sub$* mutable_$name$();
+      $Sub$* release_$name$();
+      void set_allocated_$name$($Sub$* value);
+      $unsafe_arena$
+  )");
+}
+
+std::string MessageField::ClearDefinition() const {
+  return Fill(With(holes(), {{"inline", is_foreign_ ? "" : "inline "}}), R"(
+      $inline$void $Class$::clear_$name$() {
+        $delete_old$
+        $name$_ = nullptr;
+      }
+  )");
+}
+
+std::string MessageField::AccessorDefinitions() const {
+  const std::string release = has_arenas_ ? Fill(holes(), R"(
+      inline $Sub$* $Class$::release_$name$() {
+        $Sub$* const released = unsafe_arena_release_$name$();
+        return $arena$ == nullptr
+                   ? released
+                   : ::google::protobuf::internal::DuplicateIfNonNull(released);
+      }
+      inline $Sub$* $Class$::unsafe_arena_release_$name$() {
+        $Sub$* const released = $name$_;
+        $name$_ = nullptr;
+        return released;
+      }
+  )")
+                                          : Fill(holes(), R"(
+      inline $Sub$* $Class$::release_$name$() {
+        $Sub$* const released = $name$_;
+        $name$_ = nullptr;
+        return released;
+      }
+  )");
+  return Fill(With(holes(), {{"clear", is_foreign_ ? "" : ClearDefinition()},
+                             {"release", release}}),
+              R"(
+      inline bool $Class$::has_$name$() const {
+        return $name$_ != nullptr && this != internal_default_instance();
+      }
+      $clear$
+      inline const $Sub$& $Class$::$name$() const {
+        return $name$_ != nullptr ? *$name$_ : *$Sub$::internal_default_instance();
+      }
+      inline $Sub$* $Class$::mutable_$name$() {
+        if ($name$_ == nullptr) $name$_ = CreateMaybeMessage<$Sub$>($arena$);
+        return $name$_;
+      }
+      $release$
+      inline void $Class$::set_allocated_$name$($Sub$* value) {
+        ::google::protobuf::Arena* const arena = $arena$;
+        if (arena == nullptr) delete $name$_;
+        if (value != nullptr && value->GetArena() != arena) {
+          value = ::google::protobuf::internal::GetOwnedMessage(arena, value,
+                                                                value->GetArena());
+        }
+        $name$_ = value;
+      }
+  )");
+}
+
+std::string MessageField::ExportedDefinitions() const {
+  const std::string unsafe_arena = !has_arenas_ ? "" : Fill(holes(), R"(
+      void $Class$::unsafe_arena_set_allocated_$name$($Sub$* value) {
+        $delete_old$
+        $name$_ = value;
+      }
+  )");
+  return Fill(With(holes(), {{"clear", is_foreign_ ? ClearDefinition() : ""},
+                             {"unsafe_arena", unsafe_arena}}),
+              R"(
+      const $Sub$& $Class$::_Internal::$name$(const $Class$* message) {
+        return *message->$name$_;
+      }
+      $clear$
+      $unsafe_arena$
+  )");
+}
+
+std::string MessageField::InternalDeclaration() const {
+  return Fill(holes(), R"(
+      static const $Sub$& $name$(const $Class$* message);
+  )");
+}
+
+std::string MessageField::InitAsDefaultInstance() const {
+  return Fill(holes(), R"(
+      instance->$name$_ = const_cast<$Sub$*>($Sub$::internal_default_instance());
+  )");
+}
+
+std::string MessageField::CopyConstruct() const {
+  return Fill(holes(), R"(
+      if (from.has_$name$()) $name$_ = new $Sub$(*from.$name$_);
+  )");
+}
+
+std::string MessageField::DeleteChild() const {
+  return Fill(holes(), R"(
+      delete $name$_;
+  )");
+}
+
+std::string MessageField::Clear() const {
+  return Fill(holes(), R"(
+      if ($name$_ != nullptr) clear_$name$();
+  )");
+}
+
+std::string MessageField::Merge() const {
+  return Fill(holes(), R"(
+      if (from.has_$name$()) mutable_$name$()->MergeFrom(*from.$name$_);
+  )");
+}
+
+std::string MessageField::Swap() const {
+  return Fill(holes(), R"(
+      ::std::swap($name$_, other->$name$_);
+  )");
+}
+
+std::string MessageField::ByteSize() const {
+  return Fill(holes(), R"(
+      if (has_$name$()) {
+        size += $tag_size$ + WireFormatLite::LengthDelimitedSize($name$_->ByteSizeLong());
+      }
+  )");
+}
+
+std::string MessageField::Serialize() const {
+  return Fill(holes(), R"(
+      if (has_$name$()) {
+        p = frame::WriteMessage<$tag_value$>(p, _Internal::$name$(this), writer);
+      }
+  )");
+}
+
+std::string MessageField::Parse() const {
+  return ParseWhenTag("frame::ReadMessage(p + " + holes().at("tag_size") +
+                      ", end, self->mutable_" + descriptor()->name() +
+                      "(), state)");
+}
+
+}  // namespace compiler
+}  // namespace vantiro

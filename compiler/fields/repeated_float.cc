@@ -1,0 +1,24 @@
+#include "compiler/fields/repeated_float.h"
+
+namespace vantiro {
+namespace compiler {
+
+std::string RepeatedFloatField::PayloadSize() const {
+  return "sizeof(float) * static_cast<size_t>(" + descriptor()->name() +
+         "_.size())";
+}
+
+std::string RepeatedFloatField::WriteFunction() const {
+  return "frame::WritePackedFloats<" + holes().at("tag_value") + ">";
+}
+
+std::string RepeatedFloatField::ReadPackedFunction() const {
+  return "frame::ReadPackedFloats";
+}
+
+std::string RepeatedFloatField::ReadUnpackedFunction() const {
+  return "frame::ReadUnpackedFloats";
+}
+
+}  // namespace compiler
+}  // namespace vantiro

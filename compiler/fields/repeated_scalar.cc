@@ -1,0 +1,131 @@
+#include "compiler/fields/repeated_scalar.h"
+
+#include <google/protobuf/wire_format_lite.h>
+
+namespace vantiro {
+namespace compiler {
+namespace {
+
+using google::protobuf::FieldDescriptor;
+using google::protobuf::internal::WireFormatLite;
+
+uint32_t UnpackedTag(const FieldDescriptor* field) {
+  const auto type = static_cast<WireFormatLite::FieldType>(field->type());
+  return WireFormatLite::MakeTag(field->number(),
+                                 WireFormatLite::WireTypeForFieldType(type));
+}
+
+}  // namespace
+
+RepeatedScalarField::RepeatedScalarField(const FieldDescriptor* field,
+                                         const std::string& type,
+                                         const std::string& element)
+    : Field(field) {
+  AddHoles({{"type", type},
+            {"List", "::google::protobuf::RepeatedField<" + element + ">"},
+            {"unpacked_tag", RawTagText(UnpackedTag(field))}});
+}
+
+std::string RepeatedScalarField::Member() const {
+  return Fill(holes(), R"(
+      $List$ $name$_;
+      mutable ::google::protobuf::internal::CachedSize _$name$_cached_byte_size_;
+  )");
+}
+
+std::string RepeatedScalarField::AccessorDeclarations() const {
+  return Fill(holes(), R"(
+      // $declaration$
+      int $name$_size() const;
+      void clear_$name$();
+      $type$ $name$(int index) const;
+      void set_$name$(int index, $type$ value);
+      void add_$name$($type$ value);
+      const $List$& $name$() const;
+      $List$* mutable_$name$();
+  )");
+}
+
+std::string RepeatedScalarField::AccessorDefinitions() const {
+  return Fill(holes(), R"(
+      inline int $Class$::$name$_size() const { return $name$_.size(); }
+      inline void $Class$::clear_$name$() { $name$_.Clear(); }
+      inline $type$ $Class$::$name$(int index) const {
+        return static_cast<$type$>($name$_.Get(index));
+      }
+      inline void $Class$::set_$name$(int index, $type$ value) {
+        $name$_.Set(index, value);
+      }
+      inline void $Class$::add_$name$($type$ value) { $name$_.Add(value); }
+      inline const $List$& $Class$::$name$() const { return $name$_; }
+      inline $List$* $Class$::mutable_$name$() { return &$name$_; }
+  )");
+}
+
+std::string RepeatedScalarField::Clear() const {
+  return Fill(holes(), R"(
+      $name$_.Clear();
+  )");
+}
+
+std::string RepeatedScalarField::Merge() const {
+  return Fill(holes(), R"(
+      $name$_.MergeFrom(from.$name$_);
+  )");
+}
+
+std::string RepeatedScalarField::Swap() const {
+  return Fill(holes(), R"(
+      $name$_.InternalSwap(&other->$name$_);
+  )");
+}
+
+std::string RepeatedScalarField::ByteSize() const {
+  return Fill(With(holes(), {{"payload_size", PayloadSize()}}), R"(
+      {
+        const size_t payload_size = $payload_size$;
+        if (payload_size > 0) {
+          size += $tag_size$ + WireFormatLite::Int32Size(static_cast<int>(payload_size));
+        }
+        _$name$_cached_byte_size_.Set(static_cast<int>(payload_size));
+        size += payload_size;
+      }
+  )");
+}
+
+std::string RepeatedScalarField::Serialize() const {
+  return Fill(With(holes(), {{"Write", WriteFunction()}}), R"(
+      if (!$name$_.empty()) {
+        p = $Write$(p, $name$_, _$name$_cached_byte_size_.Get(), writer);
+      }
+  )");
+}
+
+std::string RepeatedScalarField::Parse() const {
+  return Fill(With(holes(), {{"ReadPacked", ReadPackedFunction()},
+                             {"ReadUnpacked", ReadUnpackedFunction()}}),
+              R"(
+      while (tag == $tag$ || tag == $unpacked_tag$) {  // $name$
+        p = tag == $tag$
+                ? $ReadPacked$(p + $tag_size$, end, *state, &self->$name$_)
+                : $ReadUnpacked$(p + $tag_size$, end, $tag$, *state, &self->$name$_);
+        if (p == nullptr) return nullptr;
+        tag = frame::PeekTag(p, end);
+      }
+  )");
+}
+
+std::string RepeatedScalarField::ArenaInitializer() const {
+  return Fill(holes(), R"(
+      $name$_(arena)
+  )");
+}
+
+std::string RepeatedScalarField::CopyInitializer() const {
+  return Fill(holes(), R"(
+      $name$_(from.$name$_)
+  )");
+}
+
+}  // namespace compiler
+}  // namespace vantiro

@@ -1,0 +1,45 @@
+// Lists of bool, uint32, int32, sint32, uint64, int64, sint64 and enum
+
+#ifndef VANTIRO_COMPILER_FIELDS_REPEATED_VARINT_H_
+#define VANTIRO_COMPILER_FIELDS_REPEATED_VARINT_H_
+
+#include <string>
+
+#include "compiler/fields/repeated_scalar.h"
+#include "compiler/fields/varint.h"
+
+namespace vantiro {
+namespace compiler {
+
+class RepeatedVarintField : public RepeatedScalarField {
+ public:
+  RepeatedVarintField(const google::protobuf::FieldDescriptor* field,
+                      const VarintKind& kind)
+      : RepeatedScalarField(field, VarintAccessorType(field, kind),
+                            kind.stored_type),
+        kind_(kind) {}
+
+ protected:
+  std::string PayloadSize() const override;
+  std::string WriteFunction() const override;
+  std::string ReadPackedFunction() const override;
+  std::string ReadUnpackedFunction() const override;
+
+ private:
+  const VarintKind kind_;
+};
+
+// Every element takes one byte.
+class RepeatedBoolField : public RepeatedVarintField {
+ public:
+  explicit RepeatedBoolField(const google::protobuf::FieldDescriptor* field)
+      : RepeatedVarintField(field, {"Bool", "bool", 1, "BoolToVarint", 1}) {}
+
+ protected:
+  std::string PayloadSize() const override;
+};
+
+}  // namespace compiler
+}  // namespace vantiro
+
+#endif  // VANTIRO_COMPILER_FIELDS_REPEATED_VARINT_H_

@@ -1,0 +1,40 @@
+// What all singular scalars have in common.
+
+#ifndef VANTIRO_COMPILER_FIELDS_SCALAR_H_
+#define VANTIRO_COMPILER_FIELDS_SCALAR_H_
+
+#include <string>
+
+#include "compiler/fields/field.h"
+
+namespace vantiro {
+namespace compiler {
+
+// Held by value in the class's block of scalars, and skipped at zero by every
+// operation that tests it. A kind adds its size, its writing and its reading.
+class ScalarField : public Field {
+ public:
+  // `type` is the C++ type of the accessors, `stored_type` that of the member.
+  ScalarField(const google::protobuf::FieldDescriptor* field,
+              const std::string& type, const std::string& stored_type);
+
+  std::string Member() const override;
+  std::string AccessorDeclarations() const override;
+  std::string AccessorDefinitions() const override;
+  std::string Merge() const override;
+  std::string ByteSize() const override;
+  std::string Serialize() const override;
+
+ protected:
+  // An expression for the encoded size of the value, without the tag.
+  virtual std::string ValueSize() const = 0;
+  // An expression that writes `$value$` at `p` and gives the position behind.
+  virtual std::string WriteValue() const = 0;
+
+  int tag_size() const;
+};
+
+}  // namespace compiler
+}  // namespace vantiro
+
+#endif  // VANTIRO_COMPILER_FIELDS_SCALAR_H_

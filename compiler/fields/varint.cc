@@ -1,0 +1,31 @@
+#include "compiler/fields/varint.h"
+
+#include "compiler/names.h"
+
+namespace vantiro {
+namespace compiler {
+
+std::string VarintAccessorType(const google::protobuf::FieldDescriptor* field,
+                               const VarintKind& kind) {
+  return field->enum_type() == nullptr ? kind.stored_type
+                                       : QualifiedName(field->enum_type());
+}
+
+std::string VarintField::ValueSize() const {
+  return std::string("WireFormatLite::") + kind_.name + "Size(scalars_." +
+         descriptor()->name() + ")";
+}
+
+std::string VarintField::WriteValue() const {
+  return std::string("frame::WriteVarint(p, frame::") + kind_.to_varint +
+         "(scalars_." + descriptor()->name() + "))";
+}
+
+std::string VarintField::Parse() const {
+  return ParseWhenTag(std::string("frame::ReadVarintField<frame::") +
+                      kind_.name + ">(p + " + holes().at("tag_size") +
+                      ", end, &self->scalars_." + descriptor()->name() + ")");
+}
+
+}  // namespace compiler
+}  // namespace vantiro

@@ -1,0 +1,64 @@
+// uint32, int32, sint32, uint64, int64, sint64 and enum
+
+#ifndef VANTIRO_COMPILER_FIELDS_VARINT_H_
+#define VANTIRO_COMPILER_FIELDS_VARINT_H_
+
+#include <string>
+
+#include "compiler/fields/scalar.h"
+
+namespace vantiro {
+namespace compiler {
+
+// What tells the kinds of the family apart.
+struct VarintKind {
+  // Its name in the frame and in the runtime's size functions.
+  const char* name;
+  const char* stored_type;
+  int width;
+  // The function of the frame that makes a varint of a value.
+  const char* to_varint;
+  int max_value_size;
+};
+
+// A negative int32 or enum is extended to 64 bits and takes ten bytes.
+inline constexpr VarintKind kUInt32 = {"UInt32", "::uint32_t", 4, "ToVarint",
+                                       5};
+inline constexpr VarintKind kInt32 = {"Int32", "::int32_t", 4, "ToVarint", 10};
+inline constexpr VarintKind kSInt32 = {"SInt32", "::int32_t", 4, "ToZigZag", 5};
+inline constexpr VarintKind kUInt64 = {"UInt64", "::uint64_t", 8, "ToVarint",
+                                       10};
+inline constexpr VarintKind kInt64 = {"Int64", "::int64_t", 8, "ToVarint", 10};
+inline constexpr VarintKind kSInt64 = {"SInt64", "::int64_t", 8, "ToZigZag",
+                                       10};
+inline constexpr VarintKind kEnum = {"Enum", "int", 4, "ToVarint", 10};
+
+// The C++ type of the accessors: the enum itself, or the stored type.
+std::string VarintAccessorType(const google::protobuf::FieldDescriptor* field,
+                               const VarintKind& kind);
+
+class VarintField : public ScalarField {
+ public:
+  VarintField(const google::protobuf::FieldDescriptor* field,
+              const VarintKind& kind)
+      : ScalarField(field, VarintAccessorType(field, kind), kind.stored_type),
+        kind_(kind) {}
+
+  std::string Parse() const override;
+  int scalar_width() const override { return kind_.width; }
+  int max_encoded_size() const override {
+    return tag_size() + kind_.max_value_size;
+  }
+
+ protected:
+  std::string ValueSize() const override;
+  std::string WriteValue() const override;
+
+ private:
+  const VarintKind kind_;
+};
+
+}  // namespace compiler
+}  // namespace vantiro
+
+#endif  // VANTIRO_COMPILER_FIELDS_VARINT_H_

@@ -1,0 +1,129 @@
+#include "compiler/names.h"
+
+#include <google/protobuf/descriptor.pb.h>
+
+#include <cctype>
+#include <cstdio>
+#include <vector>
+
+namespace vantiro {
+namespace compiler {
+namespace {
+
+using google::protobuf::Descriptor;
+using google::protobuf::EnumDescriptor;
+using google::protobuf::FieldDescriptor;
+using google::protobuf::FileDescriptor;
+
+// Letters and digits stay; of other characters the code is written in
+// hexadecimal behind an underscore.
+std::string Mangle(const std::string& name) {
+  std::string result;
+  for (const char c : name) {
+    if (std::isalnum(static_cast<unsigned char>(c)) != 0) {
+      result += c;
+    } else {
+      char code[4];
+      std::snprintf(code, sizeof(code), "_%x", static_cast<unsigned char>(c));
+      result += code;
+    }
+  }
+  return result;
+}
+
+std::vector<std::string> PackageParts(const FileDescriptor* file) {
+  std::vector<std::string> parts(1);
+  for (const char c : file->package()) {
+    if (c == '.') {
+      parts.emplace_back();
+    } else {
+      parts.back() += c;
+    }
+  }
+  if (parts.back().empty()) parts.pop_back();
+  return parts;
+}
+
+std::string Qualify(const FileDescriptor* file, const std::string& name) {
+  const std::string scope = Namespace(file);
+  return scope.empty() ? "::" + name : "::" + scope + "::" + name;
+}
+
+}  // namespace
+
+std::string ClassName(const Descriptor* message) {
+  const Descriptor* parent = message->containing_type();
+  return parent == nullptr ? message->name()
+                           : ClassName(parent) + "_" + message->name();
+}
+
+std::string QualifiedName(const Descriptor* message) {
+  return Qualify(message->file(), ClassName(message));
+}
+
+std::string QualifiedName(const EnumDescriptor* enum_type) {
+  return Qualify(enum_type->file(), enum_type->name());
+}
+
+std::string DefaultInstanceName(const Descriptor* message) {
+  return "_" + ClassName(message) + "_default_instance_";
+}
+
+std::string SetUpRecordName(const Descriptor* message) {
+  return "scc_info_" + ClassName(message) + "_" +
+         Mangle(message->file()->name());
+}
+
+std::string FieldNumberName(const FieldDescriptor* field) {
+  std::string camel = field->camelcase_name();
+  camel[0] =
+      static_cast<char>(std::toupper(static_cast<unsigned char>(camel[0])));
+  return "k" + camel + "FieldNumber";
+}
+
+std::string Stem(const FileDescriptor* file) {
+  const std::string& name = file->name();
+  return name.substr(0, name.rfind(".proto"));
+}
+
+std::string HeaderGuard(const FileDescriptor* file) {
+  std::string guard = "VANTIRO_PROTOS_";
+  for (const char c : Stem(file)) {
+    const auto byte = static_cast<unsigned char>(c);
+    guard +=
+        std::isalnum(byte) != 0 ? static_cast<char>(std::toupper(byte)) : '_';
+  }
+  return guard + "_PB_H_";
+}
+
+std::string Namespace(const FileDescriptor* file) {
+  std::string result;
+  for (const std::string& part : PackageParts(file)) {
+    result += (result.empty() ? "" : "::") + part;
+  }
+  return result;
+}
+
+std::string OpenNamespaces(const FileDescriptor* file) {
+  std::string result;
+  for (const std::string& part : PackageParts(file)) {
+    result += "namespace " + part + " {\n";
+  }
+  return result;
+}
+
+std::string CloseNamespaces(const FileDescriptor* file) {
+  std::string result;
+  for (const std::string& part : PackageParts(file)) {
+    result = "}  // namespace " + part + "\n" + result;
+  }
+  return result;
+}
+
+bool HasArenas(const FileDescriptor* file) {
+  return file->options().has_cc_enable_arenas() &&
+         file->options().cc_enable_arenas();
+}
+
+}  // namespace compiler
+}  // namespace vantiro
