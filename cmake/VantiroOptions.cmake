@@ -1,0 +1,14 @@
+# How our own code is compiled.
+
+add_library(vantiro_options INTERFACE)
+target_compile_options(vantiro_options INTERFACE
+  -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Werror)
+
+if(VANTIRO_SANITIZE)
+  add_compile_options(-fsanitize=${VANTIRO_SANITIZE} -fno-omit-frame-pointer -O1)
+  add_link_options(-fsanitize=${VANTIRO_SANITIZE})
+  if(VANTIRO_SANITIZE MATCHES "undefined")
+    # The classes are built without type information, which this check needs.
+    add_compile_options(-fno-sanitize=vptr)
+  endif()
+endif()

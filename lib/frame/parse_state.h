@@ -1,0 +1,92 @@
+// What one parse carries along beside its position.
+
+#ifndef VANTIRO_LIB_FRAME_PARSE_STATE_H_
+#define VANTIRO_LIB_FRAME_PARSE_STATE_H_
+
+#include <google/protobuf/message_lite.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vantiro {
+namespace frame {
+
+// The bytes of a stream, gathered from its blocks.
+class GatheredBlocks {
+ public:
+  std::string* bytes() { return &bytes_; }
+  const uint8_t* begin() const {
+    return reinterpret_cast<const uint8_t*>(bytes_.data());
+  }
+  const uint8_t* end() const { return begin() + bytes_.size(); }
+
+  // Notes that a block ends at an offset, behind those noted before.
+  void MarkEnd(size_t offset) { ends_.push_back(offset); }
+  void UnmarkLastEnd() { ends_.pop_back(); }
+
+  // The end of the block that the byte before `p` lies in.
+  const uint8_t* EndOfBlock(const uint8_t* p) const {
+    const auto offset = static_cast<size_t>(p - begin());
+    const auto found = std::lower_bound(ends_.begin(), ends_.end(), offset);
+    return found == ends_.end() || *found > bytes_.size() ? end()
+                                                          : begin() + *found;
+  }
+
+  // Whether the stream ended by itself, not at a limit.
+  bool is_open_ended = false;
+
+ private:
+  std::string bytes_;
+  std::vector<size_t> ends_;
+};
+
+struct ParseState {
+  explicit ParseState(int budget)
+      : recursion_budget(budget), root_budget(budget) {}
+
+  bool in_root() const { return recursion_budget == root_budget; }
+
+  // How far the input is at hand at `p`: to the end of the block of the stream
+  // that `p` lies in, or to `end` if the input came in one piece.
+  const uint8_t* AtHand(const uint8_t* p, const uint8_t* end) const {
+    return blocks == nullptr ? end : std::min(end, blocks->EndOfBlock(p));
+  }
+
+  // Notes that the sub-message to be read claims `count` bytes more than the
+  // input has. The parse fails whatever it holds; only what is kept of it can
+  // depend on its claim, and only where nothing else limits the input.
+  void EnterCut(ptrdiff_t count) {
+    if (blocks == nullptr || !blocks->is_open_ended) return;
+    missing = missing == 0 ? count : std::min(missing, count);
+  }
+
+  // Levels of nesting that may still be entered.
+  int recursion_budget;
+  const int root_budget;
+  // The root's parse ended before its input did: at a tag of value 0, or at a
+  // tag that the end of the input cuts off. The parser then returns the
+  // position of that tag.
+  bool ended_at_bad_tag = false;
+  // How many bytes the innermost message that is cut off claims beyond the end
+  // of the input (EnterCut).
+  ptrdiff_t missing = 0;
+  // Where the input came from, if it was gathered from the blocks of a stream.
+  const GatheredBlocks* blocks = nullptr;
+};
+
+// The parser of one class: reads fields from [p, end) into `message`, which is
+// of that class. Returns `end`; or, in the root, the position of the tag that
+// ended the parse (`ParseState::ended_at_bad_tag`); or null on failure.
+// Nothing is read outside [p, end), and what was read before a failure stays in
+// the message.
+using FlatParser = const uint8_t* (*)(google::protobuf::MessageLite* message,
+                                      const uint8_t* p, const uint8_t* end,
+                                      ParseState* state);
+
+}  // namespace frame
+}  // namespace vantiro
+
+#endif  // VANTIRO_LIB_FRAME_PARSE_STATE_H_

@@ -1,0 +1,32 @@
+# What `cmake --install` lays down, and how other projects find it.
+
+include(CMakePackageConfigHelpers)
+
+set(config_folder "${CMAKE_INSTALL_LIBDIR}/cmake/VantiroProtos")
+install(TARGETS vantiro_protos EXPORT VantiroProtosTargets
+  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+install(EXPORT VantiroProtosTargets
+  NAMESPACE VantiroProtos:: DESTINATION "${config_folder}")
+
+foreach(stem IN LISTS VANTIRO_UNITS)
+  install(FILES "${PROJECT_BINARY_DIR}/generated/${stem}.pb.h"
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/vantiro-protos")
+  install(FILES "${PROJECT_SOURCE_DIR}/schema/${stem}.proto"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/vantiro-protos/schema")
+endforeach()
+
+configure_package_config_file(
+  "${PROJECT_SOURCE_DIR}/cmake/VantiroProtosConfig.cmake.in"
+  "${PROJECT_BINARY_DIR}/VantiroProtosConfig.cmake"
+  INSTALL_DESTINATION "${config_folder}")
+write_basic_package_version_file(
+  "${PROJECT_BINARY_DIR}/VantiroProtosConfigVersion.cmake"
+  COMPATIBILITY SameMinorVersion)
+configure_file("${PROJECT_SOURCE_DIR}/cmake/vantiro-protos.pc.in"
+  "${PROJECT_BINARY_DIR}/vantiro-protos.pc" @ONLY)
+install(FILES
+  "${PROJECT_BINARY_DIR}/VantiroProtosConfig.cmake"
+  "${PROJECT_BINARY_DIR}/VantiroProtosConfigVersion.cmake"
+  DESTINATION "${config_folder}")
+install(FILES "${PROJECT_BINARY_DIR}/vantiro-protos.pc"
+  DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
