@@ -82,7 +82,8 @@ std::string ForwardDeclarations(const Message& message) {
 std::string CreationDeclaration(const Message& message) {
   return Fill({{"QualifiedClass", QualifiedName(message.descriptor())}}, R"(
       template <>
-      $QualifiedClass$* Arena::CreateMaybeMessage<$QualifiedClass$>(Arena* arena);
+      $QualifiedClass$*
+      Arena::CreateMaybeMessage<$QualifiedClass$>(Arena* arena);
   )");
 }
 
@@ -94,7 +95,8 @@ std::string CreationDefinition(const Message& message) {
                {"Create", has_arenas ? "CreateMessageInternal" : "Create"}},
               R"(
       template <>
-      $QualifiedClass$* Arena::CreateMaybeMessage<$QualifiedClass$>(Arena* arena) {
+      $QualifiedClass$*
+      Arena::CreateMaybeMessage<$QualifiedClass$>(Arena* arena) {
         return Arena::$Create$<$QualifiedClass$>(arena);
       }
   )");

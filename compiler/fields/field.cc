@@ -48,7 +48,8 @@ Field::Field(const FieldDescriptor* field)
               {"declaration", Declaration(field)},
               {"tag", RawTagText(Tag(field))},
               {"tag_value", std::to_string(Tag(field))},
-              {"tag_size", Tag(field) < 0x80 ? "1" : "2"}}) {}
+              {"tag_size", Tag(field) < 0x80 ? "1" : "2"},
+              {"PeekTag", PeekFunction(field->containing_type())}}) {}
 
 std::string Field::ParseWhenTag(const std::string& read) const {
   return Fill(With(holes_, {{"read", read},
@@ -57,9 +58,16 @@ std::string Field::ParseWhenTag(const std::string& read) const {
       $loop$ (tag == $tag$) {  // $name$
         p = $read$;
         if (p == nullptr) return nullptr;
-        tag = frame::PeekTag(p, end);
+        tag = $PeekTag$(p, end);
       }
   )");
+}
+
+std::string PeekFunction(const google::protobuf::Descriptor* message) {
+  for (int i = 0; i < message->field_count(); ++i) {
+    if (Tag(message->field(i)) >= 0x80) return "frame::PeekTag";
+  }
+  return "frame::PeekShortTag";
 }
 
 std::string RawTagText(uint32_t tag) {

@@ -65,7 +65,7 @@ class Field {
  protected:
   // The holes that all kinds have: $Class$, $name$, $Number$ (the constant),
   // $declaration$ (as in the schema), $tag$ (raw, in hexadecimal),
-  // $tag_value$, $tag_size$.
+  // $tag_value$, $tag_size$, $PeekTag$.
   const Holes& holes() const { return holes_; }
   void AddHoles(const Holes& more) { holes_ = With(holes_, more); }
 
@@ -81,6 +81,9 @@ class Field {
 // The bytes of a tag of at most two bytes as a number in hexadecimal, the first
 // byte lowest: the form in which the emitted parser compares tags.
 std::string RawTagText(uint32_t tag);
+
+// The function of the frame by which the message's parser looks at tags.
+std::string PeekFunction(const google::protobuf::Descriptor* message);
 
 // The field's kind decides which class serves it. This is the only place where
 // kinds are told apart.

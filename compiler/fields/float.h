@@ -10,8 +10,8 @@
 namespace vantiro {
 namespace compiler {
 
-// The zero test is a floating compare, so that -0.0 counts as zero and every
-// NaN does not.
+// The zero test acts as a floating compare: -0.0 counts as zero, and no NaN
+// does.
 class FloatField : public ScalarField {
  public:
   explicit FloatField(const google::protobuf::FieldDescriptor* field)
@@ -22,6 +22,9 @@ class FloatField : public ScalarField {
   int max_encoded_size() const override { return tag_size() + 4; }
 
  protected:
+  std::string IsNonZero(const std::string& value) const override {
+    return "frame::IsNonZero(" + value + ")";
+  }
   std::string ValueSize() const override { return "4"; }
   std::string WriteValue() const override;
 };

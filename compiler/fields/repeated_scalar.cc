@@ -110,7 +110,7 @@ std::string RepeatedScalarField::Parse() const {
                 ? $ReadPacked$(p + $tag_size$, end, *state, &self->$name$_)
                 : $ReadUnpacked$(p + $tag_size$, end, $tag$, *state, &self->$name$_);
         if (p == nullptr) return nullptr;
-        tag = frame::PeekTag(p, end);
+        tag = $PeekTag$(p, end);
       }
   )");
 }

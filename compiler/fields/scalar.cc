@@ -36,20 +36,28 @@ std::string ScalarField::AccessorDefinitions() const {
 }
 
 std::string ScalarField::Merge() const {
-  return Fill(holes(), R"(
-      if (from.scalars_.$name$ != 0) scalars_.$name$ = from.scalars_.$name$;
+  return Fill(With(holes(), {{"is_non_zero", IsNonZero("from.scalars_." +
+                                                       descriptor()->name())}}),
+              R"(
+      if ($is_non_zero$) scalars_.$name$ = from.scalars_.$name$;
   )");
 }
 
 std::string ScalarField::ByteSize() const {
-  return Fill(With(holes(), {{"value_size", ValueSize()}}), R"(
-      if (scalars_.$name$ != 0) size += $tag_size$ + $value_size$;
+  return Fill(With(holes(), {{"is_non_zero",
+                              IsNonZero("scalars_." + descriptor()->name())},
+                             {"value_size", ValueSize()}}),
+              R"(
+      if ($is_non_zero$) size += $tag_size$ + $value_size$;
   )");
 }
 
 std::string ScalarField::Serialize() const {
-  return Fill(With(holes(), {{"write_value", WriteValue()}}), R"(
-      if (scalars_.$name$ != 0) {
+  return Fill(With(holes(), {{"is_non_zero",
+                              IsNonZero("scalars_." + descriptor()->name())},
+                             {"write_value", WriteValue()}}),
+              R"(
+      if ($is_non_zero$) {
         p = frame::WriteTag<$tag_value$>(p);
         p = $write_value$;
       }

@@ -26,6 +26,10 @@ class ScalarField : public Field {
   std::string Serialize() const override;
 
  protected:
+  // An expression that tells whether `value` is written and merged.
+  virtual std::string IsNonZero(const std::string& value) const {
+    return value + " != 0";
+  }
   // An expression for the encoded size of the value, without the tag.
   virtual std::string ValueSize() const = 0;
   // An expression that writes `$value$` at `p` and gives the position behind.

@@ -20,10 +20,15 @@ namespace frame {
 template <typename T>
 using List = google::protobuf::RepeatedField<T>;
 
-// Gives `list` the capacity `capacity` and no more. RepeatedField::Reserve adds
-// to it as it likes, but how far ReadUnpacked looks ahead depends on it.
+// Gives `list` the capacity `capacity` and no more. RepeatedField::Reserve does
+// so for an empty list only, but how far ReadUnpacked looks ahead depends on
+// it.
 template <typename T>
 void SetCapacity(List<T>* list, int64_t capacity) {
+  if (list->Capacity() == 0) {
+    list->Reserve(static_cast<int>(std::min<int64_t>(capacity, INT32_MAX)));
+    return;
+  }
   List<T> grown(list->GetArena());
   grown.Reserve(static_cast<int>(std::min<int64_t>(capacity, INT32_MAX)));
   grown.MergeFrom(*list);

@@ -30,7 +30,8 @@ constexpr int RawTagSize(RawTag raw) { return raw < 0x80 ? 1 : 2; }
 // The tag at `p` in its raw form, or 0 if there is none or it has another form
 // (the end of the input, a byte 00, an overlong or longer tag). Reads nothing
 // from `end` on.
-inline RawTag PeekTag(const uint8_t* p, const uint8_t* end) {
+__attribute__((always_inline)) inline RawTag PeekTag(const uint8_t* p,
+                                                     const uint8_t* end) {
   if (__builtin_expect(p == end, false)) return 0;
   const uint32_t first = p[0];
   if (first < 0x80) return first;
@@ -38,6 +39,14 @@ inline RawTag PeekTag(const uint8_t* p, const uint8_t* end) {
   const uint32_t second = p[1];
   if (second - 1 >= 0x7f) return 0;
   return first | second << 8;
+}
+
+// The same for messages whose tags all take one byte: gives 0 for longer ones.
+__attribute__((always_inline)) inline RawTag PeekShortTag(const uint8_t* p,
+                                                          const uint8_t* end) {
+  if (__builtin_expect(p == end, false)) return 0;
+  const uint32_t first = p[0];
+  return first < 0x80 ? first : 0;
 }
 
 }  // namespace frame

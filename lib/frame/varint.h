@@ -20,7 +20,8 @@ struct Varint {
 // Varints of any length. Bits beyond the 64th are dropped.
 Varint ReadLongVarint(const uint8_t* p, const uint8_t* end);
 
-inline Varint ReadVarint(const uint8_t* p, const uint8_t* end) {
+__attribute__((always_inline)) inline Varint ReadVarint(const uint8_t* p,
+                                                        const uint8_t* end) {
   if (__builtin_expect(end - p >= 2, true)) {
     const uint64_t first = p[0];
     if (first < 0x80) return {p + 1, first};

@@ -3,11 +3,13 @@
 #ifndef VANTIRO_LIB_FRAME_WRITER_H_
 #define VANTIRO_LIB_FRAME_WRITER_H_
 
+#include <google/protobuf/generated_message_util.h>
 #include <google/protobuf/io/coded_stream.h>
 #include <google/protobuf/metadata_lite.h>
 #include <google/protobuf/repeated_field.h>
 #include <google/protobuf/wire_format_lite.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -36,6 +38,7 @@ class Writer {
 
   // The most that one call of Room may ask for.
   static constexpr int kMaxRoom = 128;
+  static constexpr int kBufferSize = 8 * kMaxRoom;
 
   // Writes to `stream`, whose position is `target`, a record whose root has
   // the cached size `size`.
@@ -52,13 +55,13 @@ class Writer {
 
   // Where to write on so that `size` bytes fit, at most kMaxRoom.
   uint8_t* Room(uint8_t* p, int size) {
-    const bool fits = buffer_ + sizeof(buffer_) - p >= size;
+    const bool fits = buffer_ + kBufferSize - p >= size;
     return __builtin_expect(fits, true) ? p : Flush(p);
   }
 
   // Writes `size` bytes, as many as they may be.
   uint8_t* WriteRaw(uint8_t* p, const void* data, ptrdiff_t size) {
-    const bool fits = buffer_ + sizeof(buffer_) - p >= size;
+    const bool fits = buffer_ + kBufferSize - p >= size;
     if (__builtin_expect(!fits, false)) {
       p = Flush(p);
       Send(data, size);
@@ -70,8 +73,16 @@ class Writer {
 
   // Ends the writing. Returns the stream's new position.
   uint8_t* Finish(uint8_t* p) {
-    Flush(p);
-    return target_;
+    const ptrdiff_t size = std::min<ptrdiff_t>(p - buffer_, allowed_);
+    if (size < 8 || size > 16) {
+      return stream_->WriteRaw(buffer_, static_cast<int>(size), target_);
+    }
+    // The smallest records, where the call of a copy would tell. The stream
+    // always has room for 16 bytes.
+    target_ = stream_->EnsureSpace(target_);
+    std::memcpy(target_, buffer_, 8);
+    std::memcpy(target_ + size - 8, buffer_ + size - 8, 8);
+    return target_ + size;
   }
 
  private:
@@ -83,7 +94,8 @@ class Writer {
   // The stream's position, and how many bytes it may still be given.
   uint8_t* target_;
   ptrdiff_t allowed_;
-  uint8_t buffer_[8 * kMaxRoom];
+  // With some bytes to spare for WriteLongVarint.
+  uint8_t buffer_[kBufferSize + 8];
 };
 
 template <uint32_t kTag>
@@ -94,9 +106,12 @@ inline uint8_t* WriteTag(uint8_t* p) {
   return p + TagSize(kTag);
 }
 
+// Writes a varint of three bytes or more. May overwrite what stands behind it,
+// up to the tenth byte.
 uint8_t* WriteLongVarint(uint8_t* p, uint64_t value);
 
-inline uint8_t* WriteVarint(uint8_t* p, uint64_t value) {
+__attribute__((always_inline)) inline uint8_t* WriteVarint(uint8_t* p,
+                                                           uint64_t value) {
   if (value < 0x80) {
     p[0] = static_cast<uint8_t>(value);
     return p + 1;
@@ -112,6 +127,15 @@ inline uint8_t* WriteVarint(uint8_t* p, uint64_t value) {
 inline uint8_t* WriteFloat(uint8_t* p, float value) {
   std::memcpy(p, &value, sizeof(value));
   return p + sizeof(value);
+}
+
+// The test of a floating compare with 0.0, by the bits but for the sign: both
+// zeros are zero (WireScalars.NegativeZero*), a NaN is not. One branch, where
+// the compare itself would take two.
+inline bool IsNonZero(float value) {
+  uint32_t bits;
+  std::memcpy(&bits, &value, sizeof(bits));
+  return bits << 1 != 0;
 }
 
 inline uint8_t* WriteTrue(uint8_t* p) {
@@ -187,10 +211,16 @@ inline uint8_t* WritePackedVarints(
   return p;
 }
 
+inline const std::string& UnknownFields(
+    const google::protobuf::internal::InternalMetadata& metadata) {
+  return metadata.unknown_fields<std::string>(
+      google::protobuf::internal::GetEmptyString);
+}
+
 inline size_t UnknownFieldsSize(
     const google::protobuf::internal::InternalMetadata& metadata) {
   return __builtin_expect(metadata.have_unknown_fields(), false)
-             ? metadata.unknown_fields<std::string>(nullptr).size()
+             ? UnknownFields(metadata).size()
              : 0;
 }
 
@@ -199,7 +229,7 @@ inline uint8_t* WriteUnknownFields(
     uint8_t* p, const google::protobuf::internal::InternalMetadata& metadata,
     Writer* writer) {
   if (__builtin_expect(!metadata.have_unknown_fields(), true)) return p;
-  const std::string& bytes = metadata.unknown_fields<std::string>(nullptr);
+  const std::string& bytes = UnknownFields(metadata);
   return writer->WriteRaw(p, bytes.data(),
                           static_cast<ptrdiff_t>(bytes.size()));
 }
