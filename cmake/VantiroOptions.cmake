@@ -10,5 +10,6 @@ if(VANTIRO_SANITIZE)
   if(VANTIRO_SANITIZE MATCHES "undefined")
     # The classes are built without type information, which this check needs.
     add_compile_options(-fno-sanitize=vptr)
+    add_link_options(-fno-sanitize=vptr)
   endif()
 endif()

@@ -1,9 +1,9 @@
 #include "compiler/names.h"
 
 #include <google/protobuf/descriptor.pb.h>
+#include <google/protobuf/stubs/strutil.h>
 
 #include <cctype>
-#include <cstdio>
 #include <vector>
 
 namespace vantiro {
@@ -23,9 +23,8 @@ std::string Mangle(const std::string& name) {
     if (std::isalnum(static_cast<unsigned char>(c)) != 0) {
       result += c;
     } else {
-      char code[4];
-      std::snprintf(code, sizeof(code), "_%x", static_cast<unsigned char>(c));
-      result += code;
+      result += google::protobuf::StrCat(
+          "_", google::protobuf::strings::Hex(static_cast<unsigned char>(c)));
     }
   }
   return result;

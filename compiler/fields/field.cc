@@ -1,8 +1,7 @@
 #include "compiler/fields/field.h"
 
+#include <google/protobuf/stubs/strutil.h>
 #include <google/protobuf/wire_format_lite.h>
-
-#include <cstdio>
 
 #include "compiler/names.h"
 
@@ -17,8 +16,9 @@ std::string TypeInSchema(const FieldDescriptor* field) {
   if (field->message_type() != nullptr) {
     return "." + field->message_type()->full_name();
   }
-  if (field->enum_type() != nullptr)
+  if (field->enum_type() != nullptr) {
     return "." + field->enum_type()->full_name();
+  }
   return field->type_name();
 }
 
@@ -72,9 +72,10 @@ std::string PeekFunction(const google::protobuf::Descriptor* message) {
 
 std::string RawTagText(uint32_t tag) {
   const uint32_t raw = tag < 0x80 ? tag : (tag & 0x7f) | 0x80 | (tag >> 7) << 8;
-  char text[8];
-  std::snprintf(text, sizeof(text), tag < 0x80 ? "0x%02x" : "0x%04x", raw);
-  return text;
+  using google::protobuf::strings::Hex;
+  return google::protobuf::StrCat(
+      "0x", Hex(raw, tag < 0x80 ? google::protobuf::strings::ZERO_PAD_2
+                                : google::protobuf::strings::ZERO_PAD_4));
 }
 
 }  // namespace compiler

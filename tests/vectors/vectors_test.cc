@@ -1,6 +1,8 @@
 // Replays what the reference runtime made of some six thousand inputs, on every
 // road into a message and out of it.
 
+#include "tests/support/vectors.h"
+
 #include <google/protobuf/arena.h>
 #include <google/protobuf/stubs/logging.h>
 #include <gtest/gtest.h>
@@ -8,7 +10,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -19,58 +20,6 @@
 namespace vantiro {
 namespace tests {
 namespace {
-
-struct Vector {
-  std::string id;
-  std::string kind;
-  std::string op;
-  std::string type_name;
-  int block;
-  bool ok;
-  std::string a;
-  bool has_b;
-  std::string b;
-  // Whether the state afterwards can be relied on.
-  bool has_out;
-  std::string out;
-  bool has_out2;
-  std::string out2;
-};
-
-Vector ParseLine(const std::string& line) {
-  std::vector<std::string> columns;
-  std::istringstream stream(line);
-  for (std::string column; std::getline(stream, column, '\t');) {
-    columns.push_back(column);
-  }
-  EXPECT_EQ(columns.size(), 10u) << line;
-  columns.resize(10);
-  return {columns[0],
-          columns[1],
-          columns[2],
-          columns[3],
-          std::stoi(columns[4]),
-          columns[5] == "1",
-          FromHex(columns[6]),
-          columns[7] != "-",
-          FromHex(columns[7]),
-          columns[8] != "-",
-          FromHex(columns[8]),
-          columns[9] != "-",
-          FromHex(columns[9])};
-}
-
-const std::vector<Vector>& AllVectors() {
-  static const auto* const vectors = [] {
-    auto* const result = new std::vector<Vector>;
-    std::istringstream file(ReadData("vectors.tsv"));
-    for (std::string line; std::getline(file, line);) {
-      if (!line.empty() && line[0] != '#') result->push_back(ParseLine(line));
-    }
-    return result;
-  }();
-  return *vectors;
-}
 
 using Owned = std::unique_ptr<MessageLite>;
 
