@@ -18,8 +18,10 @@ function(vantiro_generate variable schema_folder output_folder)
         ${import_flags}
         "--plugin=protoc-gen-vantiro=$<TARGET_FILE:protoc-gen-vantiro>"
         "--vantiro_out=${output_folder}"
+        "--dependency_out=${output_folder}/${stem}.d"
         "${stem}.proto"
       DEPENDS protoc-gen-vantiro "${schema_folder}/${stem}.proto"
+      DEPFILE "${output_folder}/${stem}.d"
       COMMENT "Classes of ${stem}"
       VERBATIM)
     list(APPEND sources "${source}")

@@ -1,0 +1,22 @@
+// The debug record of exposure, as its component fills it and as a reader sees
+// it.
+
+#ifndef VANTIRO_EXAMPLES_EXPOSURE_RECORD_H_
+#define VANTIRO_EXAMPLES_EXPOSURE_RECORD_H_
+
+#include <string>
+
+#include "zABC_debug.pb.h"
+
+namespace vantiro::examples {
+
+// Fills an empty record with one frame. The numbers are plausible ones: what a
+// field called field_<number> means is not part of the schema.
+void FillExposure(z3a_debug_data::zabc::DebugExif* record);
+
+// What a record holds, in two lines.
+std::string DescribeExposure(const z3a_debug_data::zabc::DebugExif& record);
+
+}  // namespace vantiro::examples
+
+#endif  // VANTIRO_EXAMPLES_EXPOSURE_RECORD_H_

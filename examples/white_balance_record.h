@@ -1,0 +1,23 @@
+// The debug record of white balance, as its component fills it and as a reader
+// sees it.
+
+#ifndef VANTIRO_EXAMPLES_WHITE_BALANCE_RECORD_H_
+#define VANTIRO_EXAMPLES_WHITE_BALANCE_RECORD_H_
+
+#include <string>
+
+#include "zHAWB_debug.pb.h"
+
+namespace vantiro::examples {
+
+// Fills an empty record with one frame. The numbers are plausible ones: what a
+// field called field_<number> means is not part of the schema.
+void FillWhiteBalance(z3a_debug_data::zhawb::DebugExif* record);
+
+// What a record holds, in two lines.
+std::string DescribeWhiteBalance(
+    const z3a_debug_data::zhawb::DebugExif& record);
+
+}  // namespace vantiro::examples
+
+#endif  // VANTIRO_EXAMPLES_WHITE_BALANCE_RECORD_H_
