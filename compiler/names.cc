@@ -73,10 +73,17 @@ std::string SetUpRecordName(const Descriptor* message) {
          Mangle(message->file()->name());
 }
 
+// A letter is capital at the start and behind anything that is no letter.
 std::string FieldNumberName(const FieldDescriptor* field) {
-  std::string camel = field->camelcase_name();
-  camel[0] =
-      static_cast<char>(std::toupper(static_cast<unsigned char>(camel[0])));
+  std::string camel;
+  bool is_start = true;
+  for (const char c : field->name()) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (std::isalnum(byte) != 0) {
+      camel += is_start ? static_cast<char>(std::toupper(byte)) : c;
+    }
+    is_start = std::isalpha(byte) == 0;
+  }
   return "k" + camel + "FieldNumber";
 }
 

@@ -76,7 +76,8 @@ std::string MessageField::AccessorDefinitions() const {
       }
   )");
   return Fill(With(holes(), {{"clear", is_foreign_ ? "" : ClearDefinition()},
-                             {"release", release}}),
+                             {"release", release},
+                             {"adopt", AdoptValue()}}),
               R"(
       inline bool $Class$::has_$name$() const {
         return $name$_ != nullptr && this != internal_default_instance();
@@ -91,13 +92,29 @@ std::string MessageField::AccessorDefinitions() const {
       }
       $release$
       inline void $Class$::set_allocated_$name$($Sub$* value) {
-        ::google::protobuf::Arena* const arena = $arena$;
-        if (arena == nullptr) delete $name$_;
-        if (value != nullptr && value->GetArena() != arena) {
-          value = ::google::protobuf::internal::GetOwnedMessage(arena, value,
-                                                                value->GetArena());
+        $delete_old$
+        if (value != nullptr && value->GetArena() != $arena$) {
+          $adopt$
         }
         $name$_ = value;
+      }
+  )");
+}
+
+// What lies on another arena is copied; what lies on the heap goes over to this
+// message's arena.
+std::string MessageField::AdoptValue() const {
+  const std::string copy = Fill(holes(), R"(
+      $Sub$* const copy = CreateMaybeMessage<$Sub$>($arena$);
+      copy->MergeFrom(*value);
+      value = copy;
+  )");
+  if (!has_arenas_) return copy;
+  return Fill(With(holes(), {{"copy", copy}}), R"(
+      if (value->GetArena() == nullptr) {
+        $arena$->Own(value);
+      } else {
+        $copy$
       }
   )");
 }

@@ -34,6 +34,7 @@ class MessageField : public Field {
 
  private:
   std::string ClearDefinition() const;
+  std::string AdoptValue() const;
 
   const bool has_arenas_;
   // The sub-type comes from another unit; clear_<field> is then exported.

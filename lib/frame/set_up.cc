@@ -35,7 +35,7 @@ void Visit(SetUpRecord* record) {
 
 }  // namespace
 
-void RunSetUp(SetUpRecord* record) {
+void RunSetUp(SetUpRecord* record) noexcept {
   const pthread_t self = pthread_self();
   if (set_up_thread.load(std::memory_order_relaxed) == self) return;
   google::protobuf::internal::InitProtobufDefaults();

@@ -35,7 +35,10 @@ struct SetUpRecordFor {
 // The slow road of EnsureSetUp. Safe from any thread. A set-up function
 // constructs a default instance, whose constructor calls EnsureSetUp again;
 // that call, on the same thread, returns at once.
-void RunSetUp(SetUpRecord* record);
+//
+// What throws in there, which can only be operator new, ends the process: a
+// record that stayed half set up would hold up all threads for ever.
+void RunSetUp(SetUpRecord* record) noexcept;
 
 // Makes sure that `record` and all it depends on are set up. After the first
 // time this is one acquire load.

@@ -1,0 +1,234 @@
+// The shared library as a file: what it needs, what it runs at load, what it
+// exports. The classes are not linked here; what they have to export is worked
+// out from the schema.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <iterator>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/compiler/schemas.h"
+
+namespace vantiro {
+namespace tests {
+namespace {
+
+using google::protobuf::Descriptor;
+using google::protobuf::EnumDescriptor;
+using google::protobuf::FieldDescriptor;
+using google::protobuf::FileDescriptor;
+using Names = std::set<std::string>;
+
+constexpr char kString[] =
+    "std::__cxx11::basic_string<char, std::char_traits<char>, "
+    "std::allocator<char> >";
+
+// The lines that a tool says about the library.
+std::vector<std::string> Ask(const std::string& tool) {
+  FILE* const pipe =
+      popen(("LC_ALL=C " + tool + " '" VANTIRO_LIBRARY "'").c_str(), "r");
+  std::string said;
+  std::array<char, 4096> block;
+  for (size_t n; (n = fread(block.data(), 1, block.size(), pipe)) > 0;) {
+    said.append(block.data(), n);
+  }
+  EXPECT_EQ(pclose(pipe), 0) << tool;
+  std::vector<std::string> lines;
+  std::istringstream stream(said);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+// The values of the dynamic section's entries of that tag.
+std::vector<std::string> Dynamic(const std::string& tag) {
+  static const std::vector<std::string> lines = Ask(VANTIRO_READELF " -d -W");
+  // In brackets behind words for people, or bare, with or without a blank
+  // behind.
+  const std::regex entry(R"(\()" + tag + R"(\) +(?:[^\[]*\[)?([^\]]*?)\]? *$)");
+  std::vector<std::string> values;
+  std::smatch match;
+  for (const std::string& line : lines) {
+    if (std::regex_search(line, match, entry)) values.push_back(match.str(1));
+  }
+  return values;
+}
+
+using Values = std::vector<std::string>;
+
+TEST(Library, HasItsSoname) {
+  EXPECT_EQ(Dynamic("SONAME"), Values{"libvantiro.proto_message.protos.so"});
+}
+
+TEST(Library, NeedsTheLiteRuntimeAndTheStandardLibrariesOnly) {
+  EXPECT_EQ(Dynamic("NEEDED"),
+            (Values{"libprotobuf-lite.so.32", "libstdc++.so.6", "libc.so.6"}));
+}
+
+TEST(Library, BindsAllSymbolsAtLoad) {
+  EXPECT_EQ(Dynamic("FLAGS"), Values{"BIND_NOW"});
+}
+
+TEST(Library, RunsNothingAtLoadAndNothingAtUnload) {
+  for (const char* const tag :
+       {"PREINIT_ARRAY", "INIT", "INIT_ARRAY", "FINI", "FINI_ARRAY"}) {
+    EXPECT_EQ(Dynamic(tag), Values{}) << tag;
+  }
+}
+
+TEST(Library, HasNoTypeInformation) {
+  for (const std::string& line : Ask(VANTIRO_NM " -D -C")) {
+    EXPECT_EQ(line.find("typeinfo"), std::string::npos) << line;
+  }
+}
+
+std::string Replace(std::string text, char hole, const std::string& filling) {
+  for (size_t at = 0; (at = text.find(hole, at)) != std::string::npos;) {
+    text.replace(at, 1, filling);
+    at += filling.size();
+  }
+  return text;
+}
+
+std::string Namespace(const FileDescriptor* file) {
+  return Replace(file->package(), '.', "::") + "::";
+}
+
+// The class's name without its namespaces.
+std::string Leaf(const Descriptor* message) {
+  const size_t package_size = message->file()->package().size();
+  return Replace(message->full_name().substr(package_size + 1), '.', "_");
+}
+
+std::string Class(const Descriptor* message) {
+  return Namespace(message->file()) + Leaf(message);
+}
+
+// `$` stands for the class with its namespaces, `@` for its name alone, `%` for
+// the namespaces of the runtime.
+constexpr const char* kOfEveryMessage[] = {
+    "vtable for $",
+    "$* %::Arena::CreateMaybeMessage<$>(%::Arena*)",
+    "$::@()",
+    "$::@($ const&)",
+    "$::~@()",
+    "$::default_instance()",
+    "$::InitAsDefaultInstance()",
+    "$::New() const",
+    "$::New(%::Arena*) const",
+    "$::GetTypeName[abi:cxx11]() const",
+    "$::IsInitialized() const",
+    "$::Clear()",
+    "$::CopyFrom($ const&)",
+    "$::MergeFrom($ const&)",
+    "$::CheckTypeAndMergeFrom(%::MessageLite const&)",
+    "$::InternalSwap($*)",
+    "$::MergePartialFromCodedStream(%::io::CodedInputStream*)",
+    "$::SerializeWithCachedSizes(%::io::CodedOutputStream*) const",
+    "$::ByteSizeLong() const",
+    "$::GetCachedSize() const",
+    "$::SetCachedSize(int) const",
+};
+constexpr const char* kWithArenas[] = {
+    "$::@(%::Arena*)",
+    "$::GetArena() const",
+    "$::GetMaybeArenaPointer() const",
+    "$::ArenaDtor(void*)",
+};
+
+bool HasArenas(const FileDescriptor* file) {
+  return file->options().has_cc_enable_arenas() &&
+         file->options().cc_enable_arenas();
+}
+
+void AddField(const FieldDescriptor* field, Names* names) {
+  const Descriptor* const type = field->message_type();
+  if (type == nullptr) return;
+  const std::string scope = Class(field->containing_type()) + "::";
+  if (type->file() != field->file()) {
+    names->insert(scope + "clear_" + field->name() + "()");
+  }
+  if (field->is_repeated()) return;
+  names->insert(scope + "_Internal::" + field->name() + "(" +
+                Class(field->containing_type()) + " const*)");
+  if (HasArenas(field->file())) {
+    names->insert(scope + "unsafe_arena_set_allocated_" + field->name() + "(" +
+                  Class(type) + "*)");
+  }
+}
+
+void AddMessage(const Descriptor* message, Names* names) {
+  const auto add = [&](const auto& patterns) {
+    for (std::string name : patterns) {
+      name = Replace(name, '%', "google::protobuf");
+      name = Replace(Replace(name, '$', Class(message)), '@', Leaf(message));
+      names->insert(name);
+    }
+  };
+  add(kOfEveryMessage);
+  if (HasArenas(message->file())) add(kWithArenas);
+  names->insert(Namespace(message->file()) + "_" + Leaf(message) +
+                "_default_instance_");
+  names->insert(
+      "scc_info_" + Leaf(message) + "_" +
+      Replace(Replace(message->file()->name(), '_', "_5f"), '.', "_2e"));
+  for (int i = 0; i < message->field_count(); ++i) {
+    AddField(message->field(i), names);
+  }
+  for (int i = 0; i < message->nested_type_count(); ++i) {
+    AddMessage(message->nested_type(i), names);
+  }
+}
+
+void AddEnum(const EnumDescriptor* enum_type, Names* names) {
+  const std::string name = Namespace(enum_type->file()) + enum_type->name();
+  names->insert(name + "_IsValid(int)");
+  names->insert(name + "_Name[abi:cxx11](" + name + ")");
+  names->insert(name + "_Parse(" + kString + " const&, " + name + "*)");
+}
+
+Names ExportsOfTheSchema() {
+  Names names;
+  Schemas schemas(VANTIRO_SCHEMA);
+  for (const std::string& unit : FilesIn(VANTIRO_SCHEMA, ".proto")) {
+    const FileDescriptor* const file = schemas.Import(unit);
+    for (int i = 0; i < file->enum_type_count(); ++i) {
+      AddEnum(file->enum_type(i), &names);
+    }
+    for (int i = 0; i < file->message_type_count(); ++i) {
+      AddMessage(file->message_type(i), &names);
+    }
+  }
+  return names;
+}
+
+std::string Difference(const Names& a, const Names& b) {
+  std::vector<std::string> names;
+  std::set_difference(a.begin(), a.end(), b.begin(), b.end(),
+                      std::back_inserter(names));
+  std::string result;
+  for (const std::string& name : names) result += name + "\n";
+  return result;
+}
+
+TEST(Library, ExportsWhatTheContractNamesAndNothingElse) {
+  Names exported;
+  for (const std::string& line : Ask(VANTIRO_NM " -D -C --defined-only")) {
+    // Address, kind, name.
+    exported.insert(line.substr(line.find(' ') + 3));
+  }
+  const Names wanted = ExportsOfTheSchema();
+  EXPECT_EQ(wanted.size(), 7228u);
+  EXPECT_EQ(Difference(wanted, exported), "") << "is not exported";
+  EXPECT_EQ(Difference(exported, wanted), "") << "should not be exported";
+}
+
+}  // namespace
+}  // namespace tests
+}  // namespace vantiro
