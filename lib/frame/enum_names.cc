@@ -15,7 +15,7 @@ int Compare(const std::string& name, const EnumEntry& entry) {
 
 }  // namespace
 
-bool BuildEnumNames(const EnumTables& tables) {
+bool BuildEnumNames(const EnumTables& tables) noexcept {
   for (int i = 0; i < tables.count; ++i) {
     const EnumEntry& entry = tables.entries[tables.entries_by_number[i]];
     tables.names[i].Construct(entry.name, static_cast<size_t>(entry.name_size));

@@ -32,8 +32,9 @@ struct EnumTables {
 };
 
 // Builds the name strings. To be called once. The runtime's shutdown destroys
-// them. Gives true, to initialise a local static with.
-bool BuildEnumNames(const EnumTables& tables);
+// them. Gives true, to initialise a local static with. Running out of memory
+// ends the process: names half built would hold up all threads for ever.
+bool BuildEnumNames(const EnumTables& tables) noexcept;
 
 // The name of `value`, the empty string if it is not declared. The name strings
 // have been built.

@@ -12,6 +12,7 @@ uint8_t* Writer::Flush(uint8_t* p) {
 
 void Writer::Send(const void* data, ptrdiff_t size) {
   size = std::min(size, allowed_);
+  if (size == 0) return;
   allowed_ -= size;
   target_ = stream_->WriteRaw(data, static_cast<int>(size), target_);
 }

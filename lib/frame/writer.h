@@ -74,6 +74,8 @@ class Writer {
   // Ends the writing. Returns the stream's new position.
   uint8_t* Finish(uint8_t* p) {
     const ptrdiff_t size = std::min<ptrdiff_t>(p - buffer_, allowed_);
+    // An empty record may be written to nowhere.
+    if (size == 0) return target_;
     if (size < 8 || size > 16) {
       return stream_->WriteRaw(buffer_, static_cast<int>(size), target_);
     }

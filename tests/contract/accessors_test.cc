@@ -8,6 +8,7 @@
 
 #include "all_units.h"
 #include "tests/contract/fill.h"
+#include "tests/support/bytes.h"
 
 namespace vantiro {
 namespace tests {
@@ -147,6 +148,13 @@ TEST(Classes, NameTheirFieldsNumbersAndNestedTypes) {
   EXPECT_TRUE(
       (std::is_same<ZAfFrameOutput::ZAfFrameControl::ZAfLensCommand,
                     ZAfFrameOutput_ZAfFrameControl_ZAfLensCommand>::value));
+}
+
+TEST(Fields, AreWrittenByNumberWhateverTheOrderOfDeclaration) {
+  OutOfOrder message;
+  message.set_second(2);
+  message.set_first(1);
+  EXPECT_EQ(ToHex(message.SerializeAsString()), "08 01 10 02");
 }
 
 }  // namespace

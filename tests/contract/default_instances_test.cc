@@ -1,14 +1,17 @@
 // The instances that stand for absent messages.
 
+#include <google/protobuf/io/zero_copy_stream_impl_lite.h>
 #include <google/protobuf/stubs/common.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <memory>
+#include <string>
 
 #include "all_units.h"
 #include "mixed.pb.h"
 #include "tests/contract/fill.h"
+#include "tests/support/bytes.h"
 #include "tests/support/types.h"
 
 namespace vantiro {
@@ -54,6 +57,20 @@ void ExpectHasNone(bool (T::*has)() const, const Sub& (T::*get)() const) {
     EXPECT_EQ(&(message->*get)(), &Sub::default_instance());
   }
   EXPECT_FALSE((T(instance).*has)()) << "of a copy";
+}
+
+// Asked directly: a whole serialisation would drop what the size doesn't count.
+TEST(DefaultInstances, WriteNothing) {
+  for (const Type& type : AllTypes()) {
+    std::string bytes;
+    {
+      google::protobuf::io::StringOutputStream stream(&bytes);
+      CodedOutputStream output(&stream);
+      EXPECT_EQ(type.default_instance().ByteSizeLong(), 0u) << type.name;
+      type.serialize_with_cached_sizes(type.default_instance(), &output);
+    }
+    EXPECT_EQ(ToHex(bytes), "") << type.name;
+  }
 }
 
 TEST(DefaultInstances, ReadAsHavingNoSubMessages) {
