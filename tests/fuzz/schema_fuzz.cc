@@ -1,6 +1,6 @@
 // Any schema into the plug-in: it is refused, or emitted, the same text twice.
 //
-// Input: a FileDescriptorProto.
+// Input: a FileDescriptorSet of one file.
 
 #include <google/protobuf/descriptor.h>
 #include <google/protobuf/descriptor.pb.h>
@@ -27,11 +27,12 @@ class Silent : public google::protobuf::DescriptorPool::ErrorCollector {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static const google::protobuf::LogSilencer silence;
-  google::protobuf::FileDescriptorProto proto;
-  if (!proto.ParseFromArray(data, static_cast<int>(size))) return 0;
+  google::protobuf::FileDescriptorSet set;
+  if (!set.ParseFromArray(data, static_cast<int>(size))) return 0;
+  if (set.file_size() != 1) return 0;
   google::protobuf::DescriptorPool pool;
   Silent errors;
-  const auto* const file = pool.BuildFileCollectingErrors(proto, &errors);
+  const auto* const file = pool.BuildFileCollectingErrors(set.file(0), &errors);
   if (file == nullptr) return 0;
   std::vector<std::string> faults;
   vantiro::compiler::FindUnsupported(file, &faults);
