@@ -106,6 +106,13 @@ const std::set<std::string>& CppKeywords() {
   return *keywords;
 }
 
+// Variables and members that a field's accessor or member would hide.
+const std::set<std::string>& OwnNames() {
+  static const auto* const names =
+      new std::set<std::string>{"p", "scalars", "size", "writer"};
+  return *names;
+}
+
 class Finder {
  public:
   explicit Finder(std::vector<std::string>* faults) : faults_(faults) {}
@@ -170,6 +177,9 @@ class Finder {
         Add(field, "field names must be in lower case");
         break;
       }
+    }
+    if (OwnNames().count(field->name()) > 0) {
+      Add(field, "is a name of the emitted code");
     }
     if (field->number() > kMaxFieldNumber) {
       Add(field, "field numbers above 2047 are not supported");
