@@ -16,7 +16,7 @@ namespace frame {
 
 struct ParseState {
   explicit ParseState(int budget)
-      : recursion_budget(budget), root_budget(budget) {}
+      : recursion_budget(budget), root_budget(budget), open_budget(budget) {}
 
   bool in_root() const { return recursion_budget == root_budget; }
 
@@ -27,11 +27,20 @@ struct ParseState {
   }
 
   // Notes that the sub-message to be read claims `count` bytes more than the
-  // input has. The parse fails whatever it holds; only what is kept of it can
-  // depend on its claim, and only where nothing else limits the input.
+  // message around it has left. The parse fails whatever it holds; only what is
+  // kept of it can depend on its claim, and only where nothing else limits the
+  // input: neither the stream nor a message that is there as a whole.
   void EnterCut(ptrdiff_t count) {
     if (blocks == nullptr || !blocks->is_open_ended) return;
+    if (recursion_budget + 1 != open_budget) return;
     missing = missing == 0 ? count : std::min(missing, count);
+    open_budget = recursion_budget;
+  }
+
+  // Whether `count` bytes that the input lacks are within what the message
+  // claims.
+  bool Claims(ptrdiff_t count) const {
+    return recursion_budget == open_budget && count <= missing;
   }
 
   // Levels of nesting that may still be entered.
@@ -41,8 +50,9 @@ struct ParseState {
   // tag that the end of the input cuts off. The parser then returns the
   // position of that tag.
   bool ended_at_bad_tag = false;
-  // How many bytes the innermost message that is cut off claims beyond the end
-  // of the input (EnterCut).
+  // The recursion budget in the innermost message that the end of the input
+  // cuts off, and how many bytes it claims beyond (EnterCut).
+  int open_budget;
   ptrdiff_t missing = 0;
   // Where the input came from, if it was gathered from the blocks of a stream.
   const GatheredBlocks* blocks = nullptr;

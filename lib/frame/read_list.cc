@@ -15,7 +15,7 @@ const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
   p = ReadLength(p, end, &length);
   if (p == nullptr || length % kFloatSize != 0) return nullptr;
   const ptrdiff_t missing = length - (end - p);
-  if (missing > 0 && missing <= state.missing) return nullptr;
+  if (missing > 0 && state.Claims(missing)) return nullptr;
   const ptrdiff_t count = std::min(length, end - p) / kFloatSize;
   if (count > 0) {
     GrowAtOnce(list, count);
