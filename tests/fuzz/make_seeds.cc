@@ -1,5 +1,6 @@
 // Writes what the fuzz targets start from: the reference vectors and records in
-// the form of their inputs, and a dictionary of tags.
+// the form of their inputs, every type's sub-messages moved about, and a
+// dictionary of tags.
 //
 // usage: make_seeds FOLDER
 
@@ -8,6 +9,7 @@
 #include <fstream>
 #include <string>
 
+#include "tests/fuzz/sub_fields.h"
 #include "tests/support/bytes.h"
 #include "tests/support/types.h"
 #include "tests/support/vectors.h"
@@ -25,9 +27,12 @@ void Write(const fs::path& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
-std::string TypeIndex(const std::string& name) {
-  const auto index = FindType(name) - AllTypes().data();
+std::string Index(ptrdiff_t index) {
   return {static_cast<char>(index), static_cast<char>(index >> 8)};
+}
+
+std::string TypeIndex(const std::string& name) {
+  return Index(FindType(name) - AllTypes().data());
 }
 
 // In operations: parse into the first message, and again with the second
@@ -51,6 +56,28 @@ void WriteVectors(const fs::path& folder) {
     if (vector.has_b) {
       Write(folder / "operations_fuzz" / vector.id, Operations(vector));
     }
+  }
+}
+
+// Of a type, in operations: each sub-message comes about on the heap, moves to
+// the arena and back, is copied and cleared, and the messages change places.
+std::string Moves(const Type& type) {
+  std::string moves("\1\1\1", 3);
+  const size_t count = SubFieldsOf(type.name).size();
+  for (size_t i = 0; i < count; ++i) {
+    const std::string field = Index(static_cast<ptrdiff_t>(i));
+    for (const char* const move :
+         {"\12\0\0", "\13\0\1", "\13\1\0", "\12\1\1", "\11\0\0"}) {
+      moves += std::string(move, 3) + field;
+    }
+  }
+  return moves + std::string("\7\0\1\6\2\0\10\2\1\7\0\2\5\1\2\4\0\0", 18);
+}
+
+void WriteMoves(const fs::path& folder) {
+  for (const Type& type : AllTypes()) {
+    Write(folder / "operations_fuzz" / type.name,
+          TypeIndex(type.name) + Moves(type));
   }
 }
 
@@ -94,6 +121,7 @@ int main(int argc, char* argv[]) {
   const std::filesystem::path folder = argv[1];
   vantiro::tests::WriteVectors(folder);
   vantiro::tests::WriteRecords(folder);
+  vantiro::tests::WriteMoves(folder);
   vantiro::tests::WriteDictionary(folder / "tags.dict");
   return 0;
 }

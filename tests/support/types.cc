@@ -13,7 +13,8 @@ Type MakeType(const char* name) {
   return {
       name,
       [](Arena* arena) -> MessageLite* {
-        return T::default_instance().New(arena);
+        return arena == nullptr ? T::default_instance().New()
+                                : T::default_instance().New(arena);
       },
       [](const MessageLite& from) -> MessageLite* {
         return new T(static_cast<const T&>(from));

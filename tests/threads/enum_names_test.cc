@@ -1,8 +1,9 @@
-// The first use of every enum's names, from many threads at once, while others
-// read, write and drop records of their own.
+// The first use of every enum's names, from many threads at once, and then all
+// that threads may do side by side.
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -39,28 +40,43 @@ std::vector<const std::string*> Names() {
   return names;
 }
 
-void ReadAndWrite(const std::string& name) {
-  const std::string bytes = ReadData("records/" + name + ".bin");
-  const Type& type = *FindType(name);
-  for (int i = 0; i < 20; ++i) {
-    const std::unique_ptr<MessageLite> message(type.create(nullptr));
-    EXPECT_TRUE(message->ParseFromString(bytes));
-    EXPECT_EQ(ToHex(message->SerializeAsString()), ToHex(bytes));
-    EXPECT_EQ(type.default_instance().ByteSizeLong(), 0u);
-  }
-}
-
-TEST(EnumNames, AreBuiltOnceWhileRecordsAreReadAndWritten) {
+TEST(EnumNames, AreBuiltOnceByThreadsSideBySide) {
   constexpr int kThreads = 8;
   std::vector<std::vector<const std::string*>> seen(kThreads);
-  Race(kThreads, [&seen](int thread) {
-    if (thread % 2 == 0) ReadAndWrite("z3a_debug_data.zaf.DebugExif");
-    seen[thread] = Names();
-    if (thread % 2 == 1) ReadAndWrite("z3a_debug_data.zabc.DebugExif");
-  });
+  Race(kThreads, [&seen](int thread) { seen[thread] = Names(); });
   for (int thread = 1; thread < kThreads; ++thread) {
     EXPECT_EQ(seen[thread], seen[0]);
   }
+}
+
+void ReadWriteAndDrop(const Type& type, const std::string& bytes) {
+  const std::unique_ptr<MessageLite> message(type.create(nullptr));
+  EXPECT_TRUE(message->ParseFromString(bytes));
+  EXPECT_EQ(ToHex(message->SerializeAsString()), ToHex(bytes));
+}
+
+void ReadWhatIsShared() {
+  for (const Type& type : AllTypes()) {
+    EXPECT_EQ(type.default_instance().GetTypeName(), type.name);
+    EXPECT_EQ(type.default_instance().SerializeAsString(), "");
+  }
+  EXPECT_FALSE(Names().empty());
+}
+
+TEST(Threads, UseRecordsOfTheirOwnAndReadWhatIsShared) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(3);
+  Race(8, [end](int thread) {
+    const std::string name = thread % 4 == 0 ? "z3a_debug_data.zaf.DebugExif"
+                                             : "z3a_debug_data.zabc.DebugExif";
+    const std::string bytes = ReadData("records/" + name + ".bin");
+    while (std::chrono::steady_clock::now() < end) {
+      if (thread % 2 == 0) {
+        ReadWriteAndDrop(*FindType(name), bytes);
+      } else {
+        ReadWhatIsShared();
+      }
+    }
+  });
 }
 
 }  // namespace

@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
+#include <numeric>
+#include <random>
 #include <vector>
 
 #include "tests/support/race.h"
@@ -19,10 +22,11 @@ TEST(FirstUse, FromManyThreadsSetsUpEachTypeOnce) {
   std::vector<std::vector<const MessageLite*>> seen(kThreads);
   Race(kThreads, [&](int thread) {
     seen[thread].resize(types.size());
-    // Odd threads come from the other end, so that dependents and dependencies
-    // are asked for first in turns.
-    for (size_t i = 0; i < types.size(); ++i) {
-      const size_t index = thread % 2 == 0 ? i : types.size() - 1 - i;
+    std::vector<size_t> order(types.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::shuffle(order.begin(), order.end(),
+                 std::mt19937(static_cast<unsigned>(thread)));
+    for (const size_t index : order) {
       const Type& type = types[index];
       const std::unique_ptr<MessageLite> message(type.create(nullptr));
       EXPECT_EQ(message->ByteSizeLong(), 0u);
