@@ -60,6 +60,7 @@ std::map<std::string, Enum> AllEnums() {
 }
 
 TEST(Enums, KnowTheDeclaredValuesByNumberAndByName) {
+  EXPECT_EQ(AllEnums().size(), 73u + 1);
   for (const auto& [full_name, an_enum] : AllEnums()) {
     SCOPED_TRACE(full_name);
     EXPECT_EQ(an_enum.min, an_enum.values.begin()->first);

@@ -10,26 +10,12 @@
 #include <string>
 #include <vector>
 
+#include "tests/model/schema_model.h"
+
 namespace vantiro {
 namespace tests {
 
 using google::protobuf::MessageLite;
-
-// The kinds of field, by the names of the schema's language.
-enum class Kind {
-  FLOAT,
-  UINT32,
-  INT32,
-  SINT32,
-  ENUM,
-  BOOL,
-  UINT64,
-  INT64,
-  SINT64,
-  STRING,
-  BYTES,
-  MESSAGE,
-};
 
 // A value of any kind: a text, the bytes of a record, the bits of a float, or
 // any other number, extended to 64 bits with its sign.

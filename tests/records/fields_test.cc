@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 
+#include "tests/model/encoding.h"
 #include "tests/records/field_table.h"
 #include "tests/support/bytes.h"
 #include "tests/support/roads.h"
@@ -44,55 +45,20 @@ std::vector<Value> ValuesOf(Kind kind) {
   return {};
 }
 
-std::string Varint(uint64_t value) {
-  std::string bytes;
-  for (; value >= 0x80; value >>= 7) {
-    bytes += static_cast<char>(value | 0x80);
-  }
-  return bytes + static_cast<char>(value);
-}
-
-uint64_t ZigZag(int64_t value, uint64_t mask) {
-  const auto doubled = static_cast<uint64_t>(value) * 2;
-  return (value < 0 ? ~doubled : doubled) & mask;
-}
-
-std::string Encode(Kind kind, const Value& value) {
-  const auto number = static_cast<int64_t>(value.number);
-  switch (kind) {
-    case Kind::FLOAT: {
-      std::string bytes;
-      for (int i = 0; i < 4; ++i) bytes += static_cast<char>(number >> (8 * i));
-      return bytes;
-    }
-    case Kind::SINT32:
-      return Varint(ZigZag(number, UINT32_MAX));
-    case Kind::SINT64:
-      return Varint(ZigZag(number, UINT64_MAX));
-    case Kind::STRING:
-    case Kind::BYTES:
-    case Kind::MESSAGE:
-      return Varint(value.bytes.size()) + value.bytes;
-    default:
-      return Varint(value.number);
-  }
-}
-
 // What the field writes with these values.
 std::string Encode(const Field& field, const std::vector<Value>& values) {
-  const auto tag = [&field](unsigned wire_type) {
-    return Varint(static_cast<unsigned>(field.number) << 3 | wire_type);
-  };
-  const bool is_varint = field.kind != Kind::FLOAT && field.kind < Kind::STRING;
-  const bool is_packed = field.is_repeated && field.kind < Kind::STRING;
-  const unsigned wire_type = is_varint ? 0 : field.kind == Kind::FLOAT ? 5 : 2;
+  const WireType wire_type = TypeOf(field.kind);
+  const bool is_packed = field.is_repeated && wire_type != kDelimited;
   std::string bytes;
   for (const Value& value : values) {
-    if (!is_packed) bytes += tag(wire_type);
-    bytes += Encode(field.kind, value);
+    if (wire_type == kDelimited) {
+      bytes += Delimited(field.number, value.bytes);
+    } else {
+      if (!is_packed) bytes += Tag(field.number, wire_type);
+      bytes += Element(field.kind, value.number);
+    }
   }
-  return is_packed && !values.empty() ? tag(2) + Varint(bytes.size()) + bytes
-                                      : bytes;
+  return is_packed && !bytes.empty() ? Delimited(field.number, bytes) : bytes;
 }
 
 using Owned = std::unique_ptr<MessageLite>;
