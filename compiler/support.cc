@@ -4,6 +4,7 @@
 
 #include <cctype>
 #include <set>
+#include <sstream>
 
 namespace vantiro {
 namespace compiler {
@@ -123,6 +124,13 @@ class Finder {
     }
     if (file->options().optimize_for() != FileOptions::LITE_RUNTIME) {
       Add(file, "optimize_for must be LITE_RUNTIME");
+    }
+    std::istringstream package(file->package());
+    for (std::string part; std::getline(package, part, '.');) {
+      if (CppKeywords().count(part) > 0) {
+        Add(file, "package " + file->package() + ": " + part +
+                      " is a keyword of C++");
+      }
     }
     for (int i = 0; i < file->service_count(); ++i) {
       Add(file->service(i), "services are not supported");
