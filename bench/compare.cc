@@ -172,11 +172,11 @@ void Compare(int batches) {
 }  // namespace vantiro
 
 int main(int argc, char* argv[]) {
-  const int batches = argc > 1 ? std::atoi(argv[1]) : 100;
-  if (argc > 2 || batches < 1) {
+  const long batches = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 100;
+  if (argc > 2 || batches < 1 || batches > 1000000) {
     std::fprintf(stderr, "usage: bench [BATCHES]\n");
     return 2;
   }
-  vantiro::bench::Compare(batches);
+  vantiro::bench::Compare(static_cast<int>(batches));
   return 0;
 }

@@ -104,7 +104,7 @@ std::string MessageField::AccessorDefinitions() const {
 // What lies on another arena is copied; what lies on the heap goes over to this
 // message's arena.
 std::string MessageField::AdoptValue() const {
-  const std::string copy = Fill(holes(), R"(
+  std::string copy = Fill(holes(), R"(
       $Sub$* const copy = CreateMaybeMessage<$Sub$>($arena$);
       copy->MergeFrom(*value);
       value = copy;
