@@ -1,6 +1,5 @@
 #include "frame/parse_road.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <functional>
 
@@ -116,13 +115,11 @@ const char* ParseGathered(MessageLite* message, FlatParser parser,
   return p;
 }
 
-// The fewest bytes of `input` that are known to be left in it: all up to its
-// limit, or -1 if it has none.
+// How many bytes are left up to a limit of `input`, or -1 if it has none. Where
+// it also has a total limit before that, the bytes are gathered, and end there.
 int BytesUntilLimit(CodedInputStream* input) {
   const int limit = input->BytesUntilLimit();
-  const int total = input->BytesUntilTotalBytesLimit();
-  if (limit < 0) return total;
-  return total < 0 ? limit : std::min(limit, total);
+  return limit < 0 ? input->BytesUntilTotalBytesLimit() : limit;
 }
 
 // Skips to where the parse ended and lets the stream read a tag there: the end
