@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <iostream>
 #include <memory>
 #include <string>
 
@@ -20,15 +21,24 @@ namespace {
 
 using z3a_debug_data::z3abase::RegionDimension;
 
-// Run by itself, this is what the first use of a class sees.
-TEST(DefaultInstances, AreWholeAtFirstUse) {
-  const RegionDimension& region = RegionDimension::default_instance();
-  EXPECT_EQ(region.GetTypeName(), "z3a_debug_data.z3abase.RegionDimension");
-  EXPECT_EQ(&region, &RegionDimension::default_instance());
+// In a process of their own, in which nothing is set up yet.
+TEST(DefaultInstancesDeathTest, AreWholeAtFirstUse) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";
+  const auto ask = [] {
+    const RegionDimension& region = RegionDimension::default_instance();
+    std::cerr << region.GetTypeName() << '\n';
+    std::exit(&region != &RegionDimension::default_instance());
+  };
+  EXPECT_EXIT(ask(), testing::ExitedWithCode(0),
+              "z3a_debug_data.z3abase.RegionDimension");
   // Here a constructor sets up the class and all that it depends on.
-  const Mixed mixed;
-  EXPECT_EQ(mixed.one().child().text(), "");
-  EXPECT_EQ(mixed.one().child().GetTypeName(), "vantiro.tests.Leaf");
+  const auto construct = [] {
+    const Mixed mixed;
+    std::cerr << mixed.one().child().GetTypeName() << '\n';
+    std::exit(mixed.one().child().text().empty() ? 0 : 1);
+  };
+  EXPECT_EXIT(construct(), testing::ExitedWithCode(0), "vantiro.tests.Leaf");
+  testing::FLAGS_gtest_death_test_style = "fast";
 }
 
 TEST(DefaultInstances, MakeOrdinaryEmptyObjectsByNew) {
