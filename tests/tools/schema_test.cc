@@ -1,0 +1,70 @@
+#include "tools/schema.h"
+
+#include <gtest/gtest.h>
+
+#include "tools/classes.h"
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+std::string ErrorFor(const std::string& name) {
+  try {
+    Schema::BuiltIn().FindMessage(name);
+  } catch (const NameError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST(BuiltInSchema, HoldsAllUnitsAndSixteenRoots) {
+  const Schema& schema = Schema::BuiltIn();
+  EXPECT_EQ(schema.units().size(), 15u);
+  EXPECT_EQ(schema.messages().size(), 237u);
+  EXPECT_EQ(schema.enums().size(), 73u);
+  EXPECT_EQ(schema.roots().size(), 16u);
+}
+
+TEST(BuiltInSchema, HasAClassForEveryMessage) {
+  for (const Descriptor* const message : Schema::BuiltIn().messages()) {
+    const auto object = NewMessage(message->full_name());
+    ASSERT_NE(object, nullptr) << message->full_name();
+    EXPECT_EQ(object->GetTypeName(), message->full_name());
+  }
+}
+
+TEST(BuiltInSchema, TakesShortNamesWhereTheyAreUnique) {
+  const Schema& schema = Schema::BuiltIn();
+  for (const char* const name :
+       {"ZAfDebugUi", "z3a_debug_data.zaf.ZAfDebugUi", "zaf::ZAfDebugUi"}) {
+    EXPECT_EQ(schema.FindMessage(name).full_name(),
+              "z3a_debug_data.zaf.ZAfDebugUi");
+  }
+  EXPECT_NE(schema.Find("ZAfFaceCount").enumeration, nullptr);
+}
+
+TEST(BuiltInSchema, ListsCandidatesForOtherNames) {
+  EXPECT_EQ(ErrorFor("DebugExif"),
+            "several types are called DebugExif; say which one:\n"
+            "  z3a_debug_data.zabc.DebugExif\n"
+            "  z3a_debug_data.zaf.DebugExif\n"
+            "  z3a_debug_data.zatm.DebugExif\n"
+            "  z3a_debug_data.zhawb.DebugExif");
+  EXPECT_EQ(ErrorFor("debugui"),
+            "the schema has no type debugui; similar names:\n"
+            "  z3a_debug_data.zaf.ZAfDebugUi");
+  EXPECT_EQ(ErrorFor("nothing_like_it"),
+            "the schema has no type nothing_like_it; 'list' shows all");
+  EXPECT_EQ(ErrorFor("ZAfFaceCount"), "ZAfFaceCount is an enum, not a message");
+}
+
+TEST(BuiltInSchema, KnowsTheCommentsOfItsFiles) {
+  const Descriptor& type = Schema::BuiltIn().FindMessage("ZAfRoiDimLite");
+  EXPECT_EQ(Schema::Comment(type),
+            "The face region of a video frame. Carried by ZAfVideoMetadata "
+            "(field 10).");
+}
+
+}  // namespace
+}  // namespace inspection
+}  // namespace vantiro

@@ -1,0 +1,76 @@
+#include <google/protobuf/io/coded_stream.h>
+#include <google/protobuf/io/zero_copy_stream_impl_lite.h>
+
+#include "tools/record.h"
+#include "tools/scalar.h"
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+using google::protobuf::internal::WireFormatLite;
+using google::protobuf::io::CodedOutputStream;
+using google::protobuf::io::StringOutputStream;
+
+void WriteDelimited(int number, const std::string& bytes,
+                    CodedOutputStream* output) {
+  output->WriteTag(WireFormatLite::MakeTag(
+      number, WireFormatLite::WIRETYPE_LENGTH_DELIMITED));
+  output->WriteVarint32(static_cast<uint32_t>(bytes.size()));
+  output->WriteString(bytes);
+}
+
+void WriteElement(const FieldDescriptor& field, uint64_t bits,
+                  CodedOutputStream* output) {
+  if (IsFloat(field)) {
+    output->WriteLittleEndian32(static_cast<uint32_t>(bits));
+  } else {
+    output->WriteVarint64(ToVarint(field, bits));
+  }
+}
+
+std::string Block(const FieldValue& value) {
+  std::string block;
+  StringOutputStream stream(&block);
+  CodedOutputStream output(&stream);
+  for (const uint64_t bits : value.scalars) {
+    WriteElement(*value.field, bits, &output);
+  }
+  output.Trim();
+  return block;
+}
+
+// A zero and an empty text are not written, and neither is an empty list.
+void WriteField(const FieldValue& value, CodedOutputStream* output) {
+  const FieldDescriptor& field = *value.field;
+  for (const Record& message : value.messages) {
+    WriteDelimited(field.number(), Serialize(message), output);
+  }
+  if (!value.text.empty()) WriteDelimited(field.number(), value.text, output);
+  if (value.scalars.empty()) return;
+  if (field.is_repeated()) {
+    WriteDelimited(field.number(), Block(value), output);
+  } else if (!IsZero(field, value.scalars[0])) {
+    output->WriteTag(WireFormatLite::MakeTag(
+        field.number(), IsFloat(field) ? WireFormatLite::WIRETYPE_FIXED32
+                                       : WireFormatLite::WIRETYPE_VARINT));
+    WriteElement(field, value.scalars[0], output);
+  }
+}
+
+}  // namespace
+
+std::string Serialize(const Record& record) {
+  std::string bytes;
+  {
+    StringOutputStream stream(&bytes);
+    CodedOutputStream output(&stream);
+    for (const auto& entry : record.fields) WriteField(entry.second, &output);
+  }
+  std::string unknown;
+  record.unknown.SerializeToString(&unknown);
+  return bytes + unknown;
+}
+
+}  // namespace inspection
+}  // namespace vantiro

@@ -1,0 +1,468 @@
+#include "tools/tree_reader.h"
+
+#include <google/protobuf/io/coded_stream.h>
+#include <google/protobuf/stubs/common.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <utility>
+
+#include "tools/scalar.h"
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+using google::protobuf::internal::WireFormatLite;
+using google::protobuf::io::CodedOutputStream;
+
+constexpr size_t kFloatSize = 4;
+constexpr size_t kMaxVarintSize = 10;
+
+WireType DeclaredWireType(const FieldDescriptor& field) {
+  return WireFormatLite::WireTypeForFieldType(
+      static_cast<WireFormatLite::FieldType>(field.type()));
+}
+
+bool Accepts(const FieldDescriptor& field, WireType type) {
+  return type == DeclaredWireType(field) ||
+         (field.is_packed() &&
+          type == WireFormatLite::WIRETYPE_LENGTH_DELIMITED);
+}
+
+uint32_t MakeTag(int number, WireType type) {
+  return WireFormatLite::MakeTag(number, type);
+}
+
+// How the class's list grows for elements that come one by one.
+size_t Doubled(size_t capacity, size_t wanted) {
+  if (wanted <= capacity) return capacity;
+  capacity = std::max<size_t>(4, capacity * 2);
+  while (capacity < wanted) capacity *= 2;
+  return capacity;
+}
+
+std::string Bytes(size_t count) {
+  return std::to_string(count) + (count == 1 ? " byte" : " bytes");
+}
+
+}  // namespace
+
+RecordTree ReadRecord(const Descriptor& type, std::string_view bytes) {
+  RecordTree tree{&type, bytes, {}, std::nullopt};
+  TreeReader(&tree).Read();
+  return tree;
+}
+
+void TreeReader::Read() {
+  MessageState state;
+  ReadFields(*tree_->type, &state, &tree_->nodes);
+}
+
+bool TreeReader::ReadFields(const Descriptor& type, MessageState* state,
+                            std::vector<Node>* nodes) {
+  int highest = 0;
+  while (position_ != end_) {
+    Node node;
+    if (!ReadTag(&node)) return false;
+    const FieldDescriptor* const field = type.FindFieldByNumber(node.number);
+    if (field != nullptr && Accepts(*field, node.wire_type)) {
+      node.field = field;
+      if (node.number < highest) node.marks.Add(Mark::kOutOfOrder);
+      highest = std::max(highest, node.number);
+      FieldState* const field_state = &(*state)[node.number];
+      path_.push_back({field, node.number, field_state->count});
+      if (!ReadKnown(field_state, &node, nodes)) return false;
+    } else {
+      node.marks.Add(Mark::kUnknown);
+      highest = INT_MAX;
+      path_.push_back({nullptr, node.number, 0});
+      bool is_there = false;
+      const bool ok = ReadUnknown(&node, &is_there);
+      if (is_there) nodes->push_back(std::move(node));
+      if (!ok) return false;
+    }
+    path_.pop_back();
+  }
+  return true;
+}
+
+bool TreeReader::ReadTag(Node* node) {
+  uint64_t varint;
+  if (!ReadVarint("tag", &varint, &node->tag)) return false;
+  const auto tag = static_cast<uint32_t>(varint);
+  if (tag == 0) return Fail(node->tag.offset, "a tag of value 0");
+  node->number = WireFormatLite::GetTagFieldNumber(tag);
+  node->wire_type = WireFormatLite::GetTagWireType(tag);
+  if (!IsShortest(node->tag, tag)) node->marks.Add(Mark::kOverlongTag);
+  return true;
+}
+
+bool TreeReader::ReadKnown(FieldState* state, Node* node,
+                           std::vector<Node>* nodes) {
+  const FieldDescriptor& field = *node->field;
+  node->index = state->count;
+  if (!field.is_repeated() && state->seen) node->marks.Add(Mark::kDuplicate);
+  bool is_there = true;
+  bool ok;
+  if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
+    ok = ReadMessage(state, node);
+  } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_STRING) {
+    ok = ReadText(state, node, &is_there);
+  } else if (!field.is_repeated()) {
+    is_there = ok = ReadSingular(state, node);
+  } else if (node->wire_type == WireFormatLite::WIRETYPE_LENGTH_DELIMITED) {
+    ok = ReadBlock(state, node);
+    is_there = ok || !node->elements.empty();
+  } else {
+    return ReadUnpacked(state, node, nodes);
+  }
+  if (is_there) nodes->push_back(std::move(*node));
+  return ok;
+}
+
+// One that is longer than what is left is read as far as it goes.
+bool TreeReader::ReadMessage(FieldState* state, Node* node) {
+  const Descriptor& type = *node->field->message_type();
+  state->seen = true;
+  ++state->count;
+  uint64_t length;
+  if (!ReadLength(node, &length) || !Enter()) return false;
+  MessageState fresh;
+  MessageState* sub = &fresh;
+  if (!node->field->is_repeated()) {
+    if (state->sub == nullptr) state->sub = std::make_unique<MessageState>();
+    sub = state->sub.get();
+  }
+  const size_t outer_end = end_;
+  const size_t left = Left();
+  end_ = position_ + std::min<size_t>(length, left);
+  node->value = {position_, end_ - position_};
+  if (!ReadFields(type, sub, &node->children)) return false;
+  if (length > left) {
+    return Fail(position_, "message of " + Bytes(length) + " ends after " +
+                               std::to_string(left));
+  }
+  end_ = outer_end;
+  ++budget_;
+  return true;
+}
+
+// Text that is not UTF-8 stays in the field.
+bool TreeReader::ReadText(FieldState* state, Node* node, bool* is_there) {
+  *is_there = false;
+  const bool is_string = node->field->type() == FieldDescriptor::TYPE_STRING;
+  uint64_t length;
+  if (!ReadLength(node, &length) ||
+      !CheckFits(is_string ? "string" : "bytes", length)) {
+    return false;
+  }
+  node->value = {position_, length};
+  position_ += length;
+  if (length == 0) node->marks.Add(Mark::kWrittenZero);
+  state->seen = *is_there = true;
+  const std::string_view text = tree_->bytes.substr(node->value.offset, length);
+  if (is_string && !google::protobuf::internal::IsStructurallyValidUTF8(
+                       text.data(), static_cast<int>(text.size()))) {
+    return Fail(node->value.offset, "the string is not UTF-8");
+  }
+  return true;
+}
+
+bool TreeReader::ReadSingular(FieldState* state, Node* node) {
+  state->seen = true;
+  return ReadElement(node);
+}
+
+bool TreeReader::ReadBlock(FieldState* state, Node* node) {
+  if (state->count > 0) node->marks.Add(Mark::kSplitList);
+  return IsFloat(*node->field) ? ReadFloatBlock(state, node)
+                               : ReadVarintBlock(state, node);
+}
+
+bool TreeReader::ReadFloatBlock(FieldState* state, Node* node) {
+  uint64_t length;
+  if (!ReadLength(node, &length)) return false;
+  if (length % kFloatSize != 0) {
+    return Fail(node->length.offset,
+                "a block of " + Bytes(length) + " does not hold whole floats");
+  }
+  if (length == 0) node->marks.Add(Mark::kWrittenZero);
+  const size_t left = Left();
+  const size_t count = std::min<size_t>(length, left) / kFloatSize;
+  const size_t wanted = state->count + count;
+  if (wanted > state->capacity) {
+    state->capacity = std::max({size_t{4}, state->capacity * 2, wanted});
+  }
+  state->count = wanted;
+  node->value = {position_, count * kFloatSize};
+  node->elements.reserve(count);
+  for (size_t i = 0; i < count; ++i) ReadElement(node);
+  return length <= left ||
+         Fail(position_, "block of " + Bytes(length) + " ends after " +
+                             std::to_string(left));
+}
+
+bool TreeReader::ReadVarintBlock(FieldState* state, Node* node) {
+  uint64_t length;
+  if (!ReadLength(node, &length)) return false;
+  if (length == 0) node->marks.Add(Mark::kWrittenZero);
+  const size_t outer_end = end_;
+  const size_t left = Left();
+  end_ = position_ + std::min<size_t>(length, left);
+  const std::string_view block = tree_->bytes.substr(position_, Left());
+  const auto count =
+      static_cast<size_t>(std::count_if(block.begin(), block.end(), [](char c) {
+        return static_cast<unsigned char>(c) < 0x80;
+      }));
+  state->capacity = Doubled(state->capacity, state->count + count);
+  node->value = {position_, Left()};
+  node->elements.reserve(count);
+  while (position_ != end_) {
+    path_.back().index = state->count;
+    if (!ReadElement(node)) return false;
+    ++state->count;
+  }
+  end_ = outer_end;
+  return length <= left ||
+         Fail(position_, "block of " + Bytes(length) + " ends after " +
+                             std::to_string(left));
+}
+
+// The classes look for the list's packed tag behind an unpacked element, and
+// take what follows it for a further element. It is how these bytes are read
+// everywhere, so it is how they are shown.
+bool TreeReader::ReadUnpacked(FieldState* state, Node* node,
+                              std::vector<Node>* nodes) {
+  node->marks.Add(Mark::kUnpacked);
+  if (!ReadElement(node)) return false;
+  ++state->count;
+  state->capacity = Doubled(state->capacity, state->count);
+  const FieldDescriptor& field = *node->field;
+  nodes->push_back(std::move(*node));
+  if (field.type() == FieldDescriptor::TYPE_ENUM) return true;
+  while (state->count < state->capacity) {
+    Node next;
+    next.field = &field;
+    next.number = field.number();
+    next.index = path_.back().index = state->count;
+    if (!IsAtPackedTag(next)) break;
+    next.wire_type = WireFormatLite::WIRETYPE_LENGTH_DELIMITED;
+    next.marks.Add(Mark::kMisreadBlock);
+    uint64_t tag;
+    if (!ReadVarint("tag", &tag, &next.tag)) return false;
+    if (!ReadElement(&next)) return false;
+    ++state->count;
+    nodes->push_back(std::move(next));
+  }
+  return true;
+}
+
+bool TreeReader::ReadElement(Node* node) {
+  const FieldDescriptor& field = *node->field;
+  uint64_t bits = 0;
+  Span span;
+  if (IsFloat(field)) {
+    if (!CheckFits("float", kFloatSize)) return false;
+    uint32_t low;
+    std::memcpy(&low, tree_->bytes.data() + position_, sizeof(low));
+    bits = low;
+    span = {position_, kFloatSize};
+    position_ += kFloatSize;
+  } else if (!ReadVarint("varint", &bits, &span)) {
+    return false;
+  }
+  node->elements.push_back(
+      MarkedElement(field, bits, span, !field.is_repeated()));
+  node->marks.Add(node->elements.back().marks);
+  if (node->value.size == 0) node->value = span;
+  return true;
+}
+
+Element TreeReader::MarkedElement(const FieldDescriptor& field, uint64_t raw,
+                                  const Span& span, bool is_singular) const {
+  Element element{raw, span.offset, static_cast<uint8_t>(span.size), {}};
+  if (IsFloat(field)) {
+    if (IsNan(raw)) element.marks.Add(Mark::kNan);
+    if (raw != 0 && IsZero(field, raw)) element.marks.Add(Mark::kNegativeZero);
+  } else {
+    element.bits = FromVarint(field, raw);
+    if (!IsShortest(span, raw)) element.marks.Add(Mark::kOverlongValue);
+    if (ToVarint(field, element.bits) != raw) {
+      element.marks.Add(Mark::kUnusualValue);
+    }
+  }
+  if (field.type() == FieldDescriptor::TYPE_ENUM &&
+      DeclaredValue(field, element.bits) == nullptr) {
+    element.marks.Add(Mark::kUndeclaredEnum);
+  }
+  if (is_singular && IsZero(field, element.bits)) {
+    element.marks.Add(Mark::kWrittenZero);
+  }
+  return element;
+}
+
+bool TreeReader::ReadUnknown(Node* node, bool* is_there) {
+  *is_there = false;
+  if (node->number == 0) return Fail(node->tag.offset, "field number 0");
+  uint64_t value;
+  switch (node->wire_type) {
+    case WireFormatLite::WIRETYPE_VARINT: {
+      if (!ReadVarint("varint", &value, &node->value)) return false;
+      if (!IsShortest(node->value, value)) {
+        node->marks.Add(Mark::kOverlongValue);
+      }
+      node->elements.push_back({value, node->value.offset,
+                                static_cast<uint8_t>(node->value.size),
+                                node->marks});
+      return *is_there = true;
+    }
+    case WireFormatLite::WIRETYPE_FIXED64:
+      return *is_there = ReadFixed(8, node);
+    case WireFormatLite::WIRETYPE_FIXED32:
+      return *is_there = ReadFixed(4, node);
+    case WireFormatLite::WIRETYPE_LENGTH_DELIMITED:
+      if (!ReadLength(node, &value) || !CheckFits("unknown field", value)) {
+        return false;
+      }
+      node->value = {position_, value};
+      position_ += value;
+      return *is_there = true;
+    case WireFormatLite::WIRETYPE_START_GROUP:
+      *is_there = true;
+      return ReadGroup(node);
+    case WireFormatLite::WIRETYPE_END_GROUP:
+      return Fail(node->tag.offset, "end of a group that was not begun");
+    default:
+      return Fail(node->tag.offset,
+                  "there is no wire type " + std::to_string(node->wire_type));
+  }
+}
+
+bool TreeReader::ReadFixed(size_t size, Node* node) {
+  if (!CheckFits(size == 4 ? "32-bit value" : "64-bit value", size)) {
+    return false;
+  }
+  uint64_t bits = 0;
+  std::memcpy(&bits, tree_->bytes.data() + position_, size);
+  node->value = {position_, size};
+  node->elements.push_back(
+      {bits, position_, static_cast<uint8_t>(size), node->marks});
+  position_ += size;
+  return true;
+}
+
+bool TreeReader::ReadGroup(Node* node) {
+  if (!Enter()) return false;
+  node->value.offset = position_;
+  while (true) {
+    node->value.size = position_ - node->value.offset;
+    if (position_ == end_) {
+      return Fail(position_, "the group has no end");
+    }
+    Node inner;
+    inner.marks.Add(Mark::kUnknown);
+    if (!ReadTag(&inner)) return false;
+    if (inner.wire_type == WireFormatLite::WIRETYPE_END_GROUP) {
+      if (inner.number != node->number) {
+        return Fail(inner.tag.offset, "the group ends with the tag of field " +
+                                          std::to_string(inner.number));
+      }
+      node->end_tag = inner.tag;
+      node->marks.Add(inner.marks);
+      ++budget_;
+      return true;
+    }
+    path_.push_back({nullptr, inner.number, 0});
+    bool is_there = false;
+    const bool ok = ReadUnknown(&inner, &is_there);
+    if (is_there) node->children.push_back(std::move(inner));
+    if (!ok) return false;
+    path_.pop_back();
+  }
+}
+
+bool TreeReader::ReadVarint(const char* what, uint64_t* value, Span* span) {
+  *value = 0;
+  const size_t start = position_;
+  for (size_t i = 0; i < kMaxVarintSize; ++i) {
+    if (start + i == end_) {
+      return Fail(start, std::string(what) + " is cut off after " + Bytes(i));
+    }
+    const auto byte = static_cast<uint8_t>(tree_->bytes[start + i]);
+    *value |= static_cast<uint64_t>(byte & 0x7f) << (7 * i);
+    if (byte < 0x80) {
+      *span = {start, i + 1};
+      position_ = span->end();
+      return true;
+    }
+  }
+  return Fail(start, std::string(what) + " has more than 10 bytes");
+}
+
+bool TreeReader::ReadLength(Node* node, uint64_t* length) {
+  if (!ReadVarint("length", length, &node->length)) return false;
+  // Of the length of an enum's block only the low 32 bits count.
+  const bool is_enum_block = node->field != nullptr &&
+                             node->field->type() == FieldDescriptor::TYPE_ENUM;
+  if (is_enum_block) *length = static_cast<uint32_t>(*length);
+  if (*length > INT_MAX) {
+    return Fail(node->length.offset,
+                "a length of " + std::to_string(*length) + " is too large");
+  }
+  if (!IsShortest(node->length, *length)) {
+    node->marks.Add(Mark::kOverlongLength);
+  }
+  return true;
+}
+
+bool TreeReader::CheckFits(const char* what, size_t size) {
+  return size <= Left() ||
+         Fail(position_, std::string(what) + " needs " + Bytes(size) + ", " +
+                             std::to_string(Left()) + " left");
+}
+
+bool TreeReader::Enter() {
+  return --budget_ >= 0 || Fail(position_, "more than 100 levels are nested");
+}
+
+bool TreeReader::IsAtPackedTag(const Node& node) const {
+  uint8_t tag[5];
+  const uint8_t* const tag_end = CodedOutputStream::WriteTagToArray(
+      MakeTag(node.number, WireFormatLite::WIRETYPE_LENGTH_DELIMITED), tag);
+  const auto size = static_cast<size_t>(tag_end - tag);
+  const size_t needed = size + (IsFloat(*node.field) ? kFloatSize : 0);
+  return Left() >= needed &&
+         std::memcmp(tree_->bytes.data() + position_, tag, size) == 0;
+}
+
+bool TreeReader::IsShortest(const Span& span, uint64_t value) const {
+  uint8_t shortest[kMaxVarintSize];
+  const uint8_t* const end =
+      CodedOutputStream::WriteVarint64ToArray(value, shortest);
+  return span.size == static_cast<size_t>(end - shortest) &&
+         std::memcmp(tree_->bytes.data() + span.offset, shortest, span.size) ==
+             0;
+}
+
+bool TreeReader::Fail(size_t offset, const std::string& what) {
+  tree_->fault = Fault{offset, Path(), what};
+  return false;
+}
+
+std::string TreeReader::Path() const {
+  std::string path;
+  for (const Step& step : path_) {
+    if (!path.empty()) path += '.';
+    path += step.field != nullptr ? step.field->name()
+                                  : std::to_string(step.number);
+    if (step.field != nullptr && step.field->is_repeated()) {
+      path += '[' + std::to_string(step.index) + ']';
+    }
+  }
+  return path;
+}
+
+}  // namespace inspection
+}  // namespace vantiro
