@@ -1,0 +1,468 @@
+#include "tools/evidence.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <set>
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+// Of what does not hold, beside its own bits.
+constexpr double kSurprise = 8;
+constexpr double kFault = 24;
+// A byte of text: some ninety characters, not all alike.
+constexpr double kTextByte = 6.5;
+// Sizes of varints: the shorter, the likelier.
+constexpr double kSizeBits[] = {0, 0.7, 2, 3, 4, 4, 7, 7, 7, 7, 4};
+constexpr int kMaxDepth = 100;
+// A strict look gives up here: it would take long to make up for so much.
+constexpr double kHopeless = -64;
+
+enum class Kind : uint8_t {
+  kNone,
+  kBool,
+  kEnum,
+  kUnsigned32,
+  kSigned32,
+  kZigZag32,
+  kNumber64,
+  kFloat,
+  kString,
+  kBytes,
+  kMessage,
+};
+
+enum WireType : uint8_t {
+  kVarint = 0,
+  kFixed64 = 1,
+  kDelimited = 2,
+  kStartGroup = 3,
+  kEndGroup = 4,
+  kFixed32 = 5
+};
+
+Kind KindOf(FieldDescriptor::Type type) {
+  switch (type) {
+    case FieldDescriptor::TYPE_BOOL:
+      return Kind::kBool;
+    case FieldDescriptor::TYPE_ENUM:
+      return Kind::kEnum;
+    case FieldDescriptor::TYPE_UINT32:
+      return Kind::kUnsigned32;
+    case FieldDescriptor::TYPE_INT32:
+      return Kind::kSigned32;
+    case FieldDescriptor::TYPE_SINT32:
+      return Kind::kZigZag32;
+    case FieldDescriptor::TYPE_FLOAT:
+      return Kind::kFloat;
+    case FieldDescriptor::TYPE_STRING:
+      return Kind::kString;
+    case FieldDescriptor::TYPE_BYTES:
+      return Kind::kBytes;
+    case FieldDescriptor::TYPE_MESSAGE:
+      return Kind::kMessage;
+    default:
+      return Kind::kNumber64;
+  }
+}
+
+double Log2(size_t count) { return std::log2(static_cast<double>(count)); }
+
+}  // namespace
+
+struct FieldShape {
+  Kind kind = Kind::kNone;
+  WireType wire_type = kVarint;
+  bool is_list = false;
+  // How many fields of the message have lower numbers.
+  uint16_t rank = 0;
+  const Shape* message = nullptr;
+  std::vector<int> enum_numbers;
+};
+
+struct Shape {
+  // By field number.
+  std::vector<FieldShape> fields;
+  size_t field_count = 0;
+  // What it costs to tell which of the last n fields comes next, or none.
+  std::vector<double> choice_bits;
+
+  const FieldShape* Find(uint64_t number) const {
+    return number < fields.size() && fields[number].kind != Kind::kNone
+               ? &fields[number]
+               : nullptr;
+  }
+};
+
+namespace {
+
+FieldShape ShapeOf(const FieldDescriptor& field) {
+  FieldShape shape;
+  shape.kind = KindOf(field.type());
+  shape.is_list = field.is_repeated();
+  if (shape.kind >= Kind::kString || field.is_packed()) {
+    shape.wire_type = kDelimited;
+  } else {
+    shape.wire_type = shape.kind == Kind::kFloat ? kFixed32 : kVarint;
+  }
+  if (shape.kind == Kind::kEnum) {
+    for (int i = 0; i < field.enum_type()->value_count(); ++i) {
+      shape.enum_numbers.push_back(field.enum_type()->value(i)->number());
+    }
+  }
+  return shape;
+}
+
+struct Varint {
+  uint64_t value;
+  int size;  // 0 if it can't be read.
+};
+
+Varint ReadVarint(const uint8_t* p, const uint8_t* end) {
+  uint64_t value = 0;
+  for (int i = 0; i < 10 && p + i < end; ++i) {
+    value |= static_cast<uint64_t>(p[i] & 0x7f) << (7 * i);
+    if (p[i] < 0x80) return {value, i + 1};
+  }
+  return {0, 0};
+}
+
+bool IsShortest(const Varint& varint) {
+  return varint.size == 1 || varint.value >> (7 * (varint.size - 1)) != 0;
+}
+
+// The size of a character of UTF-8 that is no control character, or 0.
+int CharacterSize(const uint8_t* p, const uint8_t* end) {
+  if (*p < 0x80) return (*p >= 0x20 && *p != 0x7f) || *p == '\n' || *p == '\t';
+  const int size = *p >= 0xf0 ? 4 : *p >= 0xe0 ? 3 : *p >= 0xc2 ? 2 : 0;
+  if (size == 0 || *p > 0xf4 || end - p < size) return 0;
+  for (int i = 1; i < size; ++i) {
+    if ((p[i] & 0xc0) != 0x80) return 0;
+  }
+  return size;
+}
+
+bool IsText(const uint8_t* p, const uint8_t* end) {
+  while (p < end) {
+    const int size = CharacterSize(p, end);
+    if (size == 0) return false;
+    p += size;
+  }
+  return true;
+}
+
+// One pass over bytes. When strict, it ends at the first thing that the library
+// would not have written so.
+class Weigher {
+ public:
+  explicit Weigher(bool is_strict) : is_strict_(is_strict) {}
+
+  const Evidence& evidence() const { return evidence_; }
+
+  // Reads the fields of a message. Gives where it had to stop: `end` if all
+  // was read.
+  const uint8_t* ReadFields(const Shape& shape, const uint8_t* p,
+                            const uint8_t* end, int depth) {
+    size_t rank = 0;
+    while (p < end) {
+      const Evidence before = evidence_;
+      const uint8_t* const next = ReadField(shape, p, end, depth, &rank);
+      if (next == nullptr) {
+        if (is_strict_) evidence_ = before;
+        return p;
+      }
+      if (is_strict_ && evidence_.bits < kHopeless) return p;
+      p = next;
+    }
+    return p;
+  }
+
+  void AddFault() { evidence_.bits -= kFault; }
+
+ private:
+  void Save(double raw_bits, double cost) { evidence_.bits += raw_bits - cost; }
+
+  // What does not hold: an end when strict.
+  bool Surprise(double raw_bits) {
+    Save(raw_bits, raw_bits + kSurprise);
+    return !is_strict_;
+  }
+
+  const uint8_t* ReadField(const Shape& shape, const uint8_t* p,
+                           const uint8_t* end, int depth, size_t* rank) {
+    const Varint tag = ReadVarint(p, end);
+    if (tag.size == 0 || tag.value >> 3 == 0 || tag.value > UINT32_MAX) {
+      return nullptr;
+    }
+    const uint8_t* const value = p + tag.size;
+    const FieldShape* const field = shape.Find(tag.value >> 3);
+    const auto wire_type = static_cast<WireType>(tag.value & 7);
+    if (field == nullptr || field->wire_type != wire_type) {
+      if (is_strict_) return nullptr;
+      const uint8_t* const next = SkipUnknown(value, end, tag.value, depth);
+      if (next != nullptr) {
+        evidence_.unknown_bytes += static_cast<size_t>(next - p);
+        evidence_.bits -= kSurprise;
+      }
+      return next;
+    }
+    if (!SaveTag(shape, *field, tag.size, rank)) return nullptr;
+    const uint8_t* const next = ReadValue(*field, value, end, depth);
+    if (next != nullptr && field->kind != Kind::kMessage) {
+      evidence_.known_bytes += static_cast<size_t>(next - p);
+    } else if (next != nullptr) {
+      evidence_.known_bytes += static_cast<size_t>(tag.size);
+    }
+    return next;
+  }
+
+  bool SaveTag(const Shape& shape, const FieldShape& field, int size,
+               size_t* rank) {
+    const double raw_bits = 8.0 * size;
+    if (field.rank < *rank) return Surprise(raw_bits);
+    Save(raw_bits, shape.choice_bits[shape.field_count - *rank]);
+    *rank =
+        field.rank + (field.kind == Kind::kMessage && field.is_list ? 0 : 1);
+    return true;
+  }
+
+  const uint8_t* ReadValue(const FieldShape& field, const uint8_t* p,
+                           const uint8_t* end, int depth) {
+    if (field.wire_type == kFixed32) {
+      return end - p < 4 ? nullptr : ReadFloat(p, !field.is_list);
+    }
+    if (field.wire_type == kVarint) return ReadNumber(field, p, end);
+    const Varint length = ReadVarint(p, end);
+    if (length.size == 0 || !IsShortest(length)) return nullptr;
+    p += length.size;
+    const auto left = static_cast<uint64_t>(end - p);
+    const bool is_cut = length.value > left;
+    if (is_cut && (is_strict_ || left == 0)) return nullptr;
+    const uint8_t* const value_end = p + std::min(length.value, left);
+    if (field.kind == Kind::kMessage) {
+      return ReadMessage(*field.message, length.size, p, value_end, depth);
+    }
+    Save(8.0 * length.size, 7.0 * length.size + 1);
+    return is_cut ? nullptr : ReadBlock(field, p, value_end);
+  }
+
+  const uint8_t* ReadMessage(const Shape& shape, int length_size,
+                             const uint8_t* p, const uint8_t* end, int depth) {
+    if (depth == kMaxDepth) return nullptr;
+    const uint8_t* const stop = ReadFields(shape, p, end, depth + 1);
+    if (stop != end) {
+      if (is_strict_) return nullptr;
+      evidence_.bits -= kFault;
+      return end;
+    }
+    // It ends where its length says. That it ends at all is the choice of
+    // none of the fields that could follow.
+    Save(8.0 * length_size, shape.choice_bits[shape.field_count]);
+    evidence_.known_bytes += static_cast<size_t>(length_size);
+    return end;
+  }
+
+  const uint8_t* ReadBlock(const FieldShape& field, const uint8_t* p,
+                           const uint8_t* end) {
+    const double raw_bits = 8.0 * static_cast<double>(end - p);
+    if (!field.is_list && p == end && is_strict_) return nullptr;
+    switch (field.kind) {
+      case Kind::kBytes:
+        return end;
+      case Kind::kString: {
+        const bool holds = IsText(p, end);
+        evidence_.strings.Add(holds);
+        if (!holds) return Surprise(raw_bits) ? end : nullptr;
+        Save(raw_bits, kTextByte * static_cast<double>(end - p));
+        return end;
+      }
+      case Kind::kFloat:
+        if ((end - p) % 4 != 0) return nullptr;
+        while (p != nullptr && p < end) p = ReadFloat(p, false);
+        return p;
+      default:
+        while (p != nullptr && p < end) p = ReadNumber(field, p, end);
+        return p;
+    }
+  }
+
+  // Sign, exponent, and whether few digits are enough: the round numbers that
+  // people choose are.
+  const uint8_t* ReadFloat(const uint8_t* p, bool is_singular) {
+    uint32_t bits;
+    std::memcpy(&bits, p, sizeof(bits));
+    const bool is_zero = bits << 1 == 0;
+    if (is_zero && is_singular) return Surprise(32) ? p + 4 : nullptr;
+    const unsigned exponent = bits >> 23 & 0xff;
+    constexpr unsigned kLow = 107;   // a millionth
+    constexpr unsigned kHigh = 157;  // a thousand million
+    const bool holds = is_zero || (exponent >= kLow && exponent <= kHigh);
+    evidence_.floats.Add(holds);
+    if (!holds) {
+      Save(32, 32 + kSurprise);
+      return p + 4;
+    }
+    const bool is_round = (bits & 0xffff) == 0;
+    Save(32, 1 + 5.7 + 1 + (is_round ? 7 : 23));
+    return p + 4;
+  }
+
+  const uint8_t* ReadNumber(const FieldShape& field, const uint8_t* p,
+                            const uint8_t* end) {
+    const Varint varint = ReadVarint(p, end);
+    if (varint.size == 0) return nullptr;
+    p += varint.size;
+    const double raw_bits = 8.0 * varint.size;
+    const bool is_written = IsShortest(varint) && FitsKind(field, varint) &&
+                            (field.is_list || varint.value != 0);
+    if (field.kind == Kind::kEnum) {
+      const auto& numbers = field.enum_numbers;
+      const bool holds =
+          is_written &&
+          std::find(numbers.begin(), numbers.end(),
+                    static_cast<int>(varint.value)) != numbers.end();
+      evidence_.enums.Add(holds);
+      if (holds) {
+        Save(raw_bits, Log2(numbers.size() + 1));
+      } else {
+        Save(raw_bits, raw_bits + kSurprise);
+      }
+      return is_written || !is_strict_ ? p : nullptr;
+    }
+    if (!is_written) return Surprise(raw_bits) ? p : nullptr;
+    if (field.kind == Kind::kBool) {
+      Save(raw_bits, field.is_list ? 1 : 0);
+    } else {
+      const double payload = varint.size == 10 ? 32 : 7.0 * varint.size;
+      Save(raw_bits, std::min(raw_bits, payload + kSizeBits[varint.size]));
+    }
+    return p;
+  }
+
+  // Whether the library writes such a varint for a field of that kind.
+  static bool FitsKind(const FieldShape& field, const Varint& varint) {
+    switch (field.kind) {
+      case Kind::kBool:
+        return varint.value <= 1;
+      case Kind::kUnsigned32:
+      case Kind::kZigZag32:
+        return varint.value <= UINT32_MAX;
+      case Kind::kSigned32:
+      case Kind::kEnum:
+        return varint.value <= INT32_MAX || varint.value >= 0xffffffff80000000;
+      default:
+        return true;
+    }
+  }
+
+  // Gives the end of a field that the type does not know, or null.
+  const uint8_t* SkipUnknown(const uint8_t* p, const uint8_t* end, uint64_t tag,
+                             int depth) {
+    const auto left = static_cast<uint64_t>(end - p);
+    const Varint varint = ReadVarint(p, end);
+    switch (tag & 7) {
+      case kVarint:
+        return varint.size == 0 ? nullptr : p + varint.size;
+      case kFixed64:
+        return left < 8 ? nullptr : p + 8;
+      case kFixed32:
+        return left < 4 ? nullptr : p + 4;
+      case kDelimited:
+        if (varint.size == 0 ||
+            varint.value > left - static_cast<uint64_t>(varint.size)) {
+          return nullptr;
+        }
+        return p + varint.size + varint.value;
+      case kStartGroup:
+        return SkipGroup(p, end, tag, depth);
+      default:
+        return nullptr;
+    }
+  }
+
+  const uint8_t* SkipGroup(const uint8_t* p, const uint8_t* end, uint64_t tag,
+                           int depth) {
+    if (depth == kMaxDepth) return nullptr;
+    while (true) {
+      const Varint inner = ReadVarint(p, end);
+      if (inner.size == 0 || inner.value >> 3 == 0) return nullptr;
+      p += inner.size;
+      if ((inner.value & 7) == kEndGroup) {
+        return inner.value >> 3 == tag >> 3 ? p : nullptr;
+      }
+      p = SkipUnknown(p, end, inner.value, depth + 1);
+      if (p == nullptr) return nullptr;
+    }
+  }
+
+  const bool is_strict_;
+  Evidence evidence_;
+};
+
+Evidence WeighWith(bool is_strict, const Shape& shape, std::string_view bytes) {
+  const auto* const begin = reinterpret_cast<const uint8_t*>(bytes.data());
+  const uint8_t* const end = begin + bytes.size();
+  Weigher weigher(is_strict);
+  const uint8_t* const stop = weigher.ReadFields(shape, begin, end, 0);
+  if (!is_strict && stop != end) weigher.AddFault();
+  Evidence evidence = weigher.evidence();
+  evidence.end = static_cast<size_t>(stop - begin);
+  return evidence;
+}
+
+}  // namespace
+
+Shapes::Shapes() = default;
+Shapes::~Shapes() = default;
+
+const Shape& Shapes::Of(const Descriptor& type) {
+  const auto [entry, is_new] = shapes_.try_emplace(&type);
+  Shape* const shape = &entry->second;
+  if (!is_new) return *shape;
+  std::set<int> numbers;
+  for (int i = 0; i < type.field_count(); ++i) {
+    numbers.insert(type.field(i)->number());
+  }
+  shape->field_count = numbers.size();
+  shape->fields.resize(
+      numbers.empty() ? 0 : static_cast<size_t>(*numbers.rbegin()) + 1);
+  uint16_t rank = 0;
+  for (const int number : numbers) {
+    const FieldDescriptor& field = *type.FindFieldByNumber(number);
+    FieldShape* const field_shape = &shape->fields[static_cast<size_t>(number)];
+    *field_shape = ShapeOf(field);
+    field_shape->rank = rank++;
+    // No message contains itself, so this comes to an end. References into the
+    // map stay valid.
+    if (field_shape->kind == Kind::kMessage) {
+      field_shape->message = &Of(*field.message_type());
+    }
+  }
+  for (size_t n = 0; n <= shape->field_count; ++n) {
+    shape->choice_bits.push_back(Log2(n + 1));
+  }
+  return *shape;
+}
+
+Evidence Weigh(const Shape& shape, std::string_view bytes) {
+  return WeighWith(false, shape, bytes);
+}
+
+Evidence WeighPrefix(const Shape& shape, std::string_view bytes) {
+  return WeighWith(true, shape, bytes);
+}
+
+bool CanBegin(const Shape& shape, uint8_t byte) {
+  for (size_t number = 1; number < shape.fields.size(); ++number) {
+    const FieldShape& field = shape.fields[number];
+    const size_t tag = number << 3 | field.wire_type;
+    const size_t first = tag < 0x80 ? tag : (tag & 0x7f) | 0x80;
+    if (field.kind != Kind::kNone && first == byte) return true;
+  }
+  return false;
+}
+
+}  // namespace inspection
+}  // namespace vantiro
