@@ -173,6 +173,27 @@ TEST(WireWriting, StaleSizesNeverWriteOutOfBounds) {
   }
 }
 
+// Long runs of scalars, wherever they cross the ends of what is written at
+// once.
+TEST(WireWriting, RecordsOfAnySizeAreThoseOfTheirParts) {
+  std::string floats;
+  for (char number = 1; number < 16; ++number) {
+    floats += std::string(1, static_cast<char>(number << 3 | 5)) + "\1\2\3\4";
+  }
+  DebugExif record;
+  std::string wanted;
+  for (size_t i = 0; i < 500; ++i) {
+    ZAfFrameInput frame;
+    frame.set_sensor_name(std::string(i % 97, 'x'));
+    ASSERT_TRUE(frame.mutable_stats_aec()->ParseFromString(floats));
+    DebugExif alone;
+    *alone.add_frame_input_list() = frame;
+    wanted += alone.SerializeAsString();
+    *record.add_frame_input_list() = frame;
+  }
+  EXPECT_EQ(ToHex(record.SerializeAsString()), ToHex(wanted));
+}
+
 TEST(WireWriting, AFullStreamIsAnErrorOfTheStream) {
   DebugExif record;
   ASSERT_TRUE(record.ParseFromString(
