@@ -4,6 +4,7 @@
 
 #include <google/protobuf/arena.h>
 #include <google/protobuf/io/coded_stream.h>
+#include <google/protobuf/io/zero_copy_stream_impl.h>
 #include <google/protobuf/io/zero_copy_stream_impl_lite.h>
 #include <google/protobuf/message_lite.h>
 #include <google/protobuf/repeated_field.h>
@@ -38,6 +39,8 @@ using google::protobuf::RepeatedPtrField;
 using google::protobuf::io::ArrayInputStream;
 using google::protobuf::io::CodedInputStream;
 using google::protobuf::io::CodedOutputStream;
+using google::protobuf::io::IstreamInputStream;
+using google::protobuf::io::OstreamOutputStream;
 using google::protobuf::io::StringOutputStream;
 
 #define EXPECT(condition)                                          \
@@ -247,11 +250,15 @@ static void Bytes() {
   EXPECT(frame.SerializeWithCachedSizesToArray(array) == array + 5);
   EXPECT(frame.SerializeToArray(array, 5) && frame.AppendToString(&written));
   std::stringstream file;
-  EXPECT(frame.SerializeToOstream(&file));
+  {
+    OstreamOutputStream stream(&file);
+    EXPECT(frame.SerializeToZeroCopyStream(&stream));
+  }
 
   z3abase::FrameInformation read;
-  EXPECT(read.ParseFromIstream(&file) && read.ParseFromString(bytes));
-  EXPECT(read.ParseFromArray(array, 5) && read.MergeFromString(bytes));
+  IstreamInputStream stream(&file);
+  EXPECT(read.ParseFromZeroCopyStream(&stream) && read.ParseFromString(bytes));
+  EXPECT(read.ParseFromArray(array, 5));
   CodedInputStream input(array, 5);
   EXPECT(read.MergePartialFromCodedStream(&input));
   EXPECT(input.ConsumedEntireMessage());

@@ -12,6 +12,7 @@
 #include "arena_less.pb.h"
 #include "every_kind.pb.h"
 #include "tests/support/bytes.h"
+#include "tests/support/merge.h"
 
 namespace vantiro {
 namespace tests {
@@ -57,7 +58,7 @@ void Fill(int seed, T* message) {
     message->add_enum_list(static_cast<Level>(element));
     message->add_children()->set_text(LongText(element));
   }
-  EXPECT_TRUE(message->MergeFromString(UnknownField(static_cast<char>(seed))));
+  EXPECT_TRUE(MergeBytes(UnknownField(static_cast<char>(seed)), message));
 }
 
 template <typename T>

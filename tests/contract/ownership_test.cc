@@ -11,6 +11,7 @@
 #include "all_units.h"
 #include "mixed.pb.h"
 #include "tests/contract/allocations.h"
+#include "tests/contract/contract_only.h"
 #include "tests/contract/fill.h"
 #include "tests/support/types.h"
 
@@ -32,7 +33,7 @@ TYPED_TEST(OwnershipOf, AllFieldsEndsWithTheMessageOrItsArena) {
   Arena* const known =
       std::is_same<TypeParam, ArenaLess>::value ? nullptr : &arena;
   TypeParam* const message = TypeParam::default_instance().New(&arena);
-  EXPECT_EQ(message->GetMaybeArenaPointer(), known);
+  EXPECT_EQ(MaybeArenaPointer(*message), known);
   for (int round = 1; round <= 2; ++round) {
     Fill(round, message);
     EXPECT_EQ(message->GetArena(), known);
@@ -109,9 +110,9 @@ TEST_F(Ownership, IsTakenUnaskedByTheUnsafeAccessors) {
   EXPECT_EQ(message->unsafe_arena_release_child(), child);
   EXPECT_FALSE(message->has_child());
   auto* const text = Arena::Create<std::string>(&arena, LongText(1));
-  message->unsafe_arena_set_allocated_string_value(text);
+  UnsafeArenaSetAllocatedString(text, message);
   EXPECT_EQ(&message->string_value(), text);
-  EXPECT_EQ(message->unsafe_arena_release_string_value(), text);
+  EXPECT_EQ(UnsafeArenaReleaseString(message), text);
   EXPECT_EQ(message->string_value(), "");
   // The old one is deleted on the heap only.
   EveryKind on_heap;

@@ -18,6 +18,7 @@
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/fuzz/sub_fields.h"
 #include "tests/model/wire_model.h"
+#include "tests/support/merge.h"
 #include "tests/support/types.h"
 
 namespace vantiro {
@@ -110,7 +111,7 @@ class Operations {
     ModelMessage read(model_);
     MergeModel(bytes, &read);
     const ModelInput written = {read.Serialize()};
-    const bool ok = slot->message->MergeFromString(written.bytes);
+    const bool ok = MergeBytes(written.bytes, slot->message);
     CheckEqual(ok, MergeModel(written, slot->model.get()).ended_well, "merge");
   }
 

@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "all_units.h"
+#include "tests/support/merge.h"
 
 namespace vantiro {
 namespace tests {
@@ -82,13 +83,13 @@ const Field kFields[] = {
 #define VANTIRO_LIST(C, full_name, number, name, kind)   \
   FIELD(C, full_name, number, name, kind, nullptr, true, \
         m->add_##name(Argument{value}), m.name(index), m.name##_size())
-#define VANTIRO_SUB(C, full_name, number, name, type)                \
-  FIELD(C, full_name, number, name, MESSAGE, type, false,            \
-        m->mutable_##name()->MergeFromString(value.bytes), m.name(), \
+#define VANTIRO_SUB(C, full_name, number, name, type)           \
+  FIELD(C, full_name, number, name, MESSAGE, type, false,       \
+        MergeBytes(value.bytes, m->mutable_##name()), m.name(), \
         m.has_##name())
-#define VANTIRO_SUB_LIST(C, full_name, number, name, type)            \
-  FIELD(C, full_name, number, name, MESSAGE, type, true,              \
-        m->add_##name()->MergeFromString(value.bytes), m.name(index), \
+#define VANTIRO_SUB_LIST(C, full_name, number, name, type)       \
+  FIELD(C, full_name, number, name, MESSAGE, type, true,         \
+        MergeBytes(value.bytes, m->add_##name()), m.name(index), \
         m.name##_size())
 #include "all_types.inc"
 };

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "tests/support/bytes.h"
+#include "tests/support/merge.h"
 #include "tests/support/types.h"
 
 namespace vantiro {
@@ -91,7 +92,7 @@ size_t WriteAndRead(const Root& root, int number, Arena* arena) {
   if (!source->ParseFromString(root.bytes)) return 0;
   type.copy_from(merged, *source);
   type.merge_from(merged, *source);
-  if (!merged->MergeFromString(mark)) return 0;
+  if (!MergeBytes(mark, merged)) return 0;
   if (!read->ParseFromString(root.bytes + root.bytes + mark)) return 0;
   const std::string written = merged->SerializeAsString();
   if (read->SerializeAsString() != written) return 0;

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "all_units.h"
+#include "tests/support/merge.h"
 #include "tests/wire/reading.h"
 
 namespace vantiro {
@@ -84,7 +85,7 @@ TEST(WireFailure, AMessageThatFailedCanBeClearedAndUsedAgain) {
   EXPECT_EQ(Written(message), "22 02 38 05 78 07");
   message.Clear();
   EXPECT_EQ(Written(message), "");
-  EXPECT_TRUE(message.MergeFromString(FromHex("22 02 38 06")));
+  EXPECT_TRUE(MergeBytes(FromHex("22 02 38 06"), &message));
   EXPECT_EQ(Written(message), "22 02 38 06");
 }
 
