@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "tools/scalar.h"
+
 namespace vantiro {
 namespace inspection {
 namespace {
@@ -59,12 +61,39 @@ void MergeNodes(const std::vector<Node>& nodes, std::string_view bytes,
   }
 }
 
+bool IsUnset(const FieldValue& value) {
+  return value.messages.empty() && value.text.empty() &&
+         (value.scalars.empty() ||
+          (!value.field->is_repeated() && value.scalars[0] == 0));
+}
+
 }  // namespace
 
 Record MakeRecord(const RecordTree& tree) {
   Record record(*tree.type);
   MergeNodes(tree.nodes, tree.bytes, &record);
   return record;
+}
+
+void DropZeros(Record* record) {
+  for (auto entry = record->fields.begin(); entry != record->fields.end();) {
+    for (Record& message : entry->second.messages) DropZeros(&message);
+    entry = IsUnset(entry->second) ? record->fields.erase(entry) : ++entry;
+  }
+}
+
+void AddZeros(Record* record) {
+  for (int i = 0; i < record->type->field_count(); ++i) {
+    const FieldDescriptor& field = *record->type->field(i);
+    if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) continue;
+    FieldValue* const value = record->Mutable(field);
+    if (IsScalar(field) && !field.is_repeated() && value->scalars.empty()) {
+      value->scalars.push_back(0);
+    }
+  }
+  for (auto& entry : record->fields) {
+    for (Record& message : entry.second.messages) AddZeros(&message);
+  }
 }
 
 }  // namespace inspection

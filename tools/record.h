@@ -60,6 +60,12 @@ struct Record {
 // sub-messages merge, lists join. Of a damaged record, what was read.
 Record MakeRecord(const RecordTree& tree);
 
+// Takes out, at all depths, what cannot be told from never set: zeros other
+// than -0.0, and empty texts and lists.
+void DropZeros(Record* record);
+// Puts in, at all depths, every field but messages.
+void AddZeros(Record* record);
+
 // The bytes that the class writes for these values.
 std::string Serialize(const Record& record);
 

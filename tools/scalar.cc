@@ -76,6 +76,13 @@ bool ParseInteger(std::string_view text, uint64_t* bits) {
 
 }  // namespace
 
+bool AcceptsWireType(const FieldDescriptor& field, WireType type) {
+  return type == WireFormatLite::WireTypeForFieldType(
+                     static_cast<WireFormatLite::FieldType>(field.type())) ||
+         (field.is_packed() &&
+          type == WireFormatLite::WIRETYPE_LENGTH_DELIMITED);
+}
+
 uint64_t FromVarint(const FieldDescriptor& field, uint64_t varint) {
   switch (field.type()) {
     case Kind::TYPE_BOOL:
@@ -198,6 +205,16 @@ std::string Hex(std::string_view bytes) {
     hex += kDigits[static_cast<uint8_t>(c) & 15];
   }
   return hex;
+}
+
+bool ParseHex(std::string_view text, std::string* bytes) {
+  if (text.size() % 2 != 0) return false;
+  for (size_t i = 0; i < text.size(); i += 2) {
+    uint8_t byte;
+    if (!ParseWhole(text.substr(i, 2), &byte, 16)) return false;
+    *bytes += static_cast<char>(byte);
+  }
+  return true;
 }
 
 std::string Quoted(std::string_view text) {

@@ -14,6 +14,9 @@
 namespace vantiro {
 namespace inspection {
 
+// Whether the class reads a value of that wire type into the field.
+bool AcceptsWireType(const FieldDescriptor& field, WireType type);
+
 // What a field holds of a varint; never for a float.
 uint64_t FromVarint(const FieldDescriptor& field, uint64_t varint);
 // The varint that the library writes for what a field holds.
@@ -46,6 +49,8 @@ std::string NameOf(const Node& node);
 
 // Lower-case hexadecimal without spaces.
 std::string Hex(std::string_view bytes);
+// The inverse: appends to `*bytes`. False if `text` is anything else.
+bool ParseHex(std::string_view text, std::string* bytes);
 // A quoted string with C escapes for what does not print.
 std::string Quoted(std::string_view text);
 // A quoted string in which every byte is a \x escape.

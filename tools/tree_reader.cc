@@ -20,17 +20,6 @@ using google::protobuf::io::CodedOutputStream;
 constexpr size_t kFloatSize = 4;
 constexpr size_t kMaxVarintSize = 10;
 
-WireType DeclaredWireType(const FieldDescriptor& field) {
-  return WireFormatLite::WireTypeForFieldType(
-      static_cast<WireFormatLite::FieldType>(field.type()));
-}
-
-bool Accepts(const FieldDescriptor& field, WireType type) {
-  return type == DeclaredWireType(field) ||
-         (field.is_packed() &&
-          type == WireFormatLite::WIRETYPE_LENGTH_DELIMITED);
-}
-
 uint32_t MakeTag(int number, WireType type) {
   return WireFormatLite::MakeTag(number, type);
 }
@@ -67,7 +56,7 @@ bool TreeReader::ReadFields(const Descriptor& type, MessageState* state,
     Node node;
     if (!ReadTag(&node)) return false;
     const FieldDescriptor* const field = type.FindFieldByNumber(node.number);
-    if (field != nullptr && Accepts(*field, node.wire_type)) {
+    if (field != nullptr && AcceptsWireType(*field, node.wire_type)) {
       node.field = field;
       if (node.number < highest) node.marks.Add(Mark::kOutOfOrder);
       highest = std::max(highest, node.number);

@@ -1,0 +1,183 @@
+#include <google/protobuf/stubs/common.h>
+
+#include <vector>
+
+#include "tools/formats.h"
+#include "tools/scalar.h"
+#include "tools/unknown_value.h"
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+using google::protobuf::UnknownFieldSet;
+using google::protobuf::internal::WireFormatLite;
+
+constexpr int kMaxDepth = 100;
+constexpr char kUnknown[] = "@unknown";
+
+// A scalar as ScalarText writes it.
+std::string Plain(const Json& value) {
+  if (!value.is_string()) return value.dump();
+  const auto text = value.get<std::string>();
+  if (text.compare(0, 3, "NaN") == 0) return "nan" + text.substr(3);
+  if (text == "Infinity") return "inf";
+  return text == "-Infinity" ? "-inf" : text;
+}
+
+class JsonReader {
+ public:
+  void Read(const Json& object, Record* record) {
+    if (!object.is_object()) Fail("a message is an object in braces");
+    Enter();
+    for (const auto& item : object.items()) {
+      path_.push_back(item.key());
+      if (item.key() == kUnknown) {
+        ReadUnknown(item.value(), record->type, &record->unknown);
+      } else {
+        ReadField(item.value(), record);
+      }
+      path_.pop_back();
+    }
+    --depth_;
+  }
+
+ private:
+  void Enter() {
+    if (++depth_ > kMaxDepth) Fail("more than 100 levels are nested");
+  }
+
+  [[noreturn]] void Fail(const std::string& what) const {
+    std::string path;
+    for (const std::string& step : path_) {
+      if (!path.empty() && step[0] != '[') path += '.';
+      path += step;
+    }
+    throw FormatError(path.empty() ? what : "in " + path + ": " + what);
+  }
+
+  void ReadField(const Json& value, Record* record) {
+    const FieldDescriptor* const field =
+        record->type->FindFieldByName(path_.back());
+    if (field == nullptr) {
+      Fail(record->type->full_name() + " has no such field");
+    }
+    FieldValue* const target = record->Mutable(*field);
+    if (!field->is_repeated()) {
+      ReadValue(value, target);
+      return;
+    }
+    if (!value.is_array()) Fail("a list stands in brackets");
+    size_t index = 0;
+    for (const Json& element : value) {
+      path_.push_back('[' + std::to_string(index++) + ']');
+      ReadValue(element, target);
+      path_.pop_back();
+    }
+  }
+
+  void ReadValue(const Json& value, FieldValue* target) {
+    const FieldDescriptor& field = *target->field;
+    if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
+      target->messages.emplace_back(*field.message_type());
+      Read(value, &target->messages.back());
+    } else if (field.type() == FieldDescriptor::TYPE_BYTES) {
+      target->text = ReadHex(value);
+    } else if (field.type() == FieldDescriptor::TYPE_STRING) {
+      if (!value.is_string()) Fail("this is not a string: " + value.dump());
+      target->text = value.get<std::string>();
+    } else {
+      uint64_t bits;
+      if (!ParseScalar(field, Plain(value), &bits)) {
+        Fail("a field of kind " + std::string(field.type_name()) +
+             " cannot hold " + value.dump());
+      }
+      target->scalars.push_back(bits);
+    }
+  }
+
+  std::string ReadHex(const Json& value) {
+    std::string bytes;
+    if (!value.is_string() || !ParseHex(value.get<std::string>(), &bytes)) {
+      Fail("bytes are a string of hexadecimal digits, two for each");
+    }
+    return bytes;
+  }
+
+  uint64_t ReadNumber(const Json& value, uint64_t max) {
+    uint64_t number;
+    if (!ParseUnsigned(Plain(value), &number) || number > max) {
+      Fail("not a number that fits: " + value.dump());
+    }
+    return number;
+  }
+
+  void ReadUnknown(const Json& list, const Descriptor* type,
+                   UnknownFieldSet* fields) {
+    if (!list.is_array()) Fail("unknown fields are a list");
+    for (const Json& item : list) {
+      if (!item.is_object() || item.size() != 2 || !item.contains("number")) {
+        Fail("an unknown field has a number and one value");
+      }
+      const uint64_t number = ReadNumber(item["number"], UINT32_MAX);
+      for (const auto& value : item.items()) {
+        if (value.key() == "number") continue;
+        path_.push_back(value.key());
+        ReadUnknownValue(number, value.value(), type, fields);
+        path_.pop_back();
+      }
+    }
+  }
+
+  void ReadUnknownValue(uint64_t number, const Json& value,
+                        const Descriptor* type, UnknownFieldSet* fields) {
+    const int n = static_cast<int>(number);
+    const auto check = [&](WireType wire_type) {
+      const std::string why = WhyNotUnknown(type, number, wire_type);
+      if (!why.empty()) Fail(why);
+    };
+    const std::string& kind = path_.back();
+    if (kind == "varint") {
+      check(WireFormatLite::WIRETYPE_VARINT);
+      fields->AddVarint(n, ReadNumber(value, UINT64_MAX));
+    } else if (kind == "fixed32") {
+      check(WireFormatLite::WIRETYPE_FIXED32);
+      fields->AddFixed32(n,
+                         static_cast<uint32_t>(ReadNumber(value, UINT32_MAX)));
+    } else if (kind == "fixed64") {
+      check(WireFormatLite::WIRETYPE_FIXED64);
+      fields->AddFixed64(n, ReadNumber(value, UINT64_MAX));
+    } else if (kind == "length_delimited") {
+      check(WireFormatLite::WIRETYPE_LENGTH_DELIMITED);
+      fields->AddLengthDelimited(n, ReadHex(value));
+    } else if (kind == "group") {
+      check(WireFormatLite::WIRETYPE_START_GROUP);
+      Enter();
+      ReadUnknown(value, nullptr, fields->AddGroup(n));
+      --depth_;
+    } else {
+      Fail("there is no such kind of unknown field");
+    }
+  }
+
+  std::vector<std::string> path_;
+  // The root is level 0.
+  int depth_ = -1;
+};
+
+}  // namespace
+
+Record ReadJson(const Descriptor& type, const std::string& text) {
+  Json json;
+  try {
+    json = Json::parse(text);
+  } catch (const Json::exception& error) {
+    throw FormatError(std::string("no JSON: ") + error.what());
+  }
+  Record record(type);
+  JsonReader().Read(json, &record);
+  return record;
+}
+
+}  // namespace inspection
+}  // namespace vantiro
