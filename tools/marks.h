@@ -32,6 +32,9 @@ class Marks {
  public:
   void Add(Mark mark) { bits_ |= static_cast<uint16_t>(mark); }
   void Add(Marks marks) { bits_ |= marks.bits_; }
+  void Remove(Marks marks) {
+    bits_ = static_cast<uint16_t>(bits_ & ~marks.bits_);
+  }
   bool Has(Mark mark) const {
     return (bits_ & static_cast<uint16_t>(mark)) != 0;
   }

@@ -4,6 +4,7 @@
 //
 // usage: make_seeds FOLDER
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -35,6 +36,13 @@ std::string TypeIndex(const std::string& name) {
   return Index(FindType(name) - AllTypes().data());
 }
 
+// Where a type stands among all, sorted by their names.
+std::string SortedIndex(const std::string& name) {
+  return Index(
+      std::count_if(AllTypes().begin(), AllTypes().end(),
+                    [&name](const Type& type) { return type.name < name; }));
+}
+
 // In operations: parse into the first message, and again with the second
 // input, which is then merged into the first.
 std::string Operations(const Vector& vector) {
@@ -53,6 +61,8 @@ void WriteVectors(const fs::path& folder) {
     Write(folder / "parse_fuzz" / vector.id,
           TypeIndex(vector.type_name) +
               std::string(in_blocks ? "\3\0" : "\0\0", 2) + vector.a);
+    Write(folder / "inspection_fuzz" / vector.id,
+          SortedIndex(vector.type_name) + vector.a);
     if (vector.has_b) {
       Write(folder / "operations_fuzz" / vector.id, Operations(vector));
     }
@@ -88,6 +98,9 @@ void WriteRecords(const fs::path& folder) {
     if (!fs::exists(record)) continue;
     Write(folder / "parse_fuzz" / record.filename(),
           TypeIndex(type.name) + std::string("\0\0", 2) +
+              ReadData("records/" + record.filename().string()));
+    Write(folder / "inspection_fuzz" / record.filename(),
+          SortedIndex(type.name) +
               ReadData("records/" + record.filename().string()));
   }
 }

@@ -1,0 +1,199 @@
+#include "tools/annotation.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "tools/scalar.h"
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+using google::protobuf::internal::WireFormatLite;
+
+// How many bytes of a text or of bytes not read stand in a line.
+constexpr size_t kBytesInLine = 12;
+constexpr size_t kHexWidth = 3 * kBytesInLine + 2;
+
+std::string Bytes(size_t count) {
+  return std::to_string(count) + (count == 1 ? " byte" : " bytes");
+}
+
+class Annotator {
+ public:
+  Annotator(const RecordTree& tree, const Style& style, std::ostream* out)
+      : tree_(tree), style_(style), out_(*out) {}
+
+  void Write() {
+    WriteNodes(tree_.nodes, "");
+    if (tree_.ok()) return;
+    WriteLine({}, style_.Warning("not read: " + tree_.fault->Text()), {});
+    WriteRaw({next_, tree_.bytes.size() - next_}, "  ", false);
+  }
+
+ private:
+  void WriteNodes(const std::vector<Node>& nodes, const std::string& indent) {
+    for (const Node& node : nodes) WriteNode(node, indent);
+  }
+
+  void WriteNode(const Node& node, const std::string& indent) {
+    const std::string name = indent + StyledName(node);
+    if (IsOneValue(node)) {
+      WriteLine({node.tag, node.length, node.value},
+                name + ": " + ElementText(node, node.elements[0]), node.marks);
+    } else if (HasElements(node)) {
+      WriteLine(
+          {node.tag, node.length},
+          name + ": " + std::to_string(node.elements.size()) +
+              (node.elements.size() == 1 ? " element in " : " elements in ") +
+              Bytes(node.value.size),
+          BlockMarks(node));
+      WriteElements(node, indent + "  ");
+    } else if (HasChildren(node)) {
+      WriteLine({node.tag, node.length}, name + ": " + Head(node), node.marks);
+      WriteNodes(node.children, indent + "  ");
+      if (node.end_tag.size > 0) {
+        WriteLine({node.end_tag}, indent + "end of group", {});
+      }
+    } else {
+      WriteLine({node.tag, node.length}, name + ": " + Bytes(node.value.size),
+                node.marks);
+      WriteRaw(node.value, indent + "  ", true);
+    }
+  }
+
+  static bool HasChildren(const Node& node) {
+    if (node.field == nullptr) {
+      return node.wire_type == WireFormatLite::WIRETYPE_START_GROUP;
+    }
+    return node.field->cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE;
+  }
+  static bool HasElements(const Node& node) {
+    return node.field != nullptr && IsScalar(*node.field);
+  }
+  // A scalar, an unpacked element, or a varint or fixed value that is unknown.
+  static bool IsOneValue(const Node& node) {
+    return node.elements.size() == 1 && node.length.size == 0;
+  }
+
+  std::string StyledName(const Node& node) const {
+    if (node.field == nullptr) {
+      return style_.Warning("field " + std::to_string(node.number));
+    }
+    const bool is_block = HasElements(node) && !IsOneValue(node);
+    const bool has_index = node.field->is_repeated() && !is_block;
+    return style_.Name(
+        node.field->name() +
+        (has_index ? '[' + std::to_string(node.index) + ']' : ""));
+  }
+
+  static std::string Head(const Node& node) {
+    if (node.field == nullptr) return "group";
+    return node.field->message_type()->name() + ", " + Bytes(node.value.size);
+  }
+
+  static std::string ElementText(const Node& node, const Element& element) {
+    if (node.field != nullptr) return ScalarText(*node.field, element.bits);
+    char text[24];
+    switch (node.wire_type) {
+      case WireFormatLite::WIRETYPE_FIXED32:
+        std::snprintf(text, sizeof(text), "0x%08x",
+                      static_cast<uint32_t>(element.bits));
+        return text;
+      case WireFormatLite::WIRETYPE_FIXED64:
+        std::snprintf(text, sizeof(text), "0x%016llx",
+                      static_cast<unsigned long long>(element.bits));
+        return text;
+      default:
+        return std::to_string(element.bits);
+    }
+  }
+
+  // Those of the elements stand beside the elements.
+  static Marks BlockMarks(const Node& node) {
+    Marks marks = node.marks;
+    for (const Element& element : node.elements) marks.Remove(element.marks);
+    return marks;
+  }
+
+  void WriteElements(const Node& node, const std::string& indent) {
+    for (size_t i = 0; i < node.elements.size(); ++i) {
+      const Element& element = node.elements[i];
+      WriteLine({element.span()},
+                indent + '[' + std::to_string(node.index + i) +
+                    "]: " + ElementText(node, element),
+                element.marks);
+    }
+  }
+
+  void WriteRaw(const Span& span, const std::string& indent, bool with_text) {
+    for (size_t offset = span.offset; offset < span.end();
+         offset += kBytesInLine) {
+      const Span line = {offset, std::min(kBytesInLine, span.end() - offset)};
+      const std::string_view bytes = tree_.bytes.substr(line.offset, line.size);
+      WriteLine({line}, with_text ? indent + '|' + Printable(bytes) + '|' : "",
+                {});
+    }
+  }
+
+  // A line may end within a character of UTF-8, so only ASCII is shown.
+  static std::string Printable(std::string_view bytes) {
+    std::string text(bytes);
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c < ' ' || c > '~'; },
+        '.');
+    return text;
+  }
+
+  void WriteLine(const std::vector<Span>& spans, const std::string& text,
+                 Marks marks) {
+    std::string hex;
+    size_t offset = next_;
+    for (const Span& span : spans) {
+      if (span.size == 0) continue;
+      if (!hex.empty()) hex += "  ";
+      hex += Spaced(tree_.bytes.substr(span.offset, span.size));
+      next_ = span.end();
+    }
+    char place[24];
+    std::snprintf(place, sizeof(place), "%08zx  ", offset);
+    std::string line = style_.Note(place) + hex;
+    if (!text.empty()) {
+      line += std::string(kHexWidth - std::min(kHexWidth - 2, hex.size()), ' ');
+    }
+    line += text;
+    const std::vector<std::string> names = marks.Names();
+    for (const std::string& name : names) {
+      line += (&name == &names[0] ? "  " + style_.Warning("<- " + name)
+                                  : style_.Warning(", " + name));
+    }
+    out_ << line << '\n';
+  }
+
+  static std::string Spaced(std::string_view bytes) {
+    std::string hex;
+    for (const char c : bytes) {
+      if (!hex.empty()) hex += ' ';
+      hex += Hex({&c, 1});
+    }
+    return hex;
+  }
+
+  const RecordTree& tree_;
+  const Style& style_;
+  std::ostream& out_;
+  // The first byte that was not written yet.
+  size_t next_ = 0;
+};
+
+}  // namespace
+
+void WriteAnnotation(const RecordTree& tree, const Style& style,
+                     std::ostream* out) {
+  Annotator(tree, style, out).Write();
+}
+
+}  // namespace inspection
+}  // namespace vantiro

@@ -1,0 +1,47 @@
+#include <iostream>
+#include <memory>
+
+#include "tools/annotation.h"
+#include "tools/commands/session.h"
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+struct Options {
+  std::string file;
+  std::string type;
+};
+
+void Annotate(const Options& options, Session* session) {
+  const std::string bytes = session->ReadBytes(options.file);
+  const Descriptor& type = session->TypeOf(options.type, bytes);
+  const RecordTree tree = ReadRecord(type, bytes);
+  WriteAnnotation(tree, session->style(), &std::cout);
+  session->ReportFault(options.file, tree);
+}
+
+}  // namespace
+
+void AddAnnotate(CLI::App* program, Session* session) {
+  CLI::App* const command = program->add_subcommand(
+      "annotate", "Show every byte of a record beside the field it belongs to");
+  const auto options = std::make_shared<Options>();
+  command->add_option("file", options->file, "The record; - is standard input")
+      ->required()
+      ->type_name("FILE");
+  command->add_option("-t,--type", options->type, "Its type")
+      ->type_name("TYPE");
+  session->AddInputOptions(command);
+  command->footer(
+      "Tag, length and value stand two spaces apart. What is peculiar is "
+      "marked\n"
+      "with <-.\n\n"
+      "Example:\n"
+      "  echo '08 05 12 04 08 80 01 15' |\n"
+      "    vantiro-records annotate --hex --type ZAfSmartRoi -");
+  command->callback([=] { Annotate(*options, session); });
+}
+
+}  // namespace inspection
+}  // namespace vantiro

@@ -1,0 +1,101 @@
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <vector>
+
+#include "tools/commands/session.h"
+#include "tools/scalar.h"
+#include "tools/table.h"
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+using google::protobuf::internal::WireFormatLite;
+
+// The bytes of the tag that the library writes.
+std::string TagHex(const FieldDescriptor& field) {
+  const auto declared = static_cast<WireFormatLite::FieldType>(field.type());
+  const uint32_t tag = WireFormatLite::MakeTag(
+      field.number(), field.is_packed()
+                          ? WireFormatLite::WIRETYPE_LENGTH_DELIMITED
+                          : WireFormatLite::WireTypeForFieldType(declared));
+  if (tag < 0x80) return Hex(std::string(1, static_cast<char>(tag)));
+  return Hex(std::string(1, static_cast<char>(tag | 0x80))) + ' ' +
+         Hex(std::string(1, static_cast<char>(tag >> 7)));
+}
+
+std::string Kind(const FieldDescriptor& field) {
+  std::string kind = field.type_name();
+  if (field.message_type() != nullptr) kind = field.message_type()->full_name();
+  if (field.enum_type() != nullptr) kind = field.enum_type()->full_name();
+  return field.is_repeated() ? "list of " + kind : kind;
+}
+
+template <typename T>
+void WriteHead(const T& type, const char* what, const Style& style) {
+  std::cout << style.Heading(type.full_name()) << "\n  " << what << " of "
+            << type.file()->name() << '\n';
+  WriteParagraph(Schema::Comment(type), "  ", &std::cout);
+}
+
+void ShowMessage(const Descriptor& message, const Style& style) {
+  WriteHead(message, "message", style);
+  bool is_root = true;
+  for (const Descriptor* const other : Schema::BuiltIn().messages()) {
+    for (int i = 0; i < other->field_count(); ++i) {
+      if (other->field(i)->message_type() != &message) continue;
+      std::cout << "  carried by " << other->full_name() << ", field "
+                << other->field(i)->number() << '\n';
+      is_root = false;
+    }
+  }
+  if (is_root) std::cout << "  a root: no other message carries it\n";
+  std::vector<Row> rows = {{"no.", "tag", "name", "kind", "comment"}};
+  for (int i = 0; i < message.field_count(); ++i) {
+    const FieldDescriptor& field = *message.field(i);
+    rows.push_back({std::to_string(field.number()), TagHex(field), field.name(),
+                    Kind(field), Schema::Comment(field)});
+  }
+  std::cout << '\n';
+  WriteTable(rows, style, &std::cout);
+}
+
+void ShowEnum(const EnumDescriptor& enumeration, const Style& style) {
+  WriteHead(enumeration, "enum", style);
+  std::vector<Row> rows = {{"number", "name", "comment"}};
+  for (int i = 0; i < enumeration.value_count(); ++i) {
+    const EnumValueDescriptor& value = *enumeration.value(i);
+    rows.push_back(
+        {std::to_string(value.number()), value.name(), Schema::Comment(value)});
+  }
+  std::cout << '\n';
+  WriteTable(rows, style, &std::cout);
+}
+
+void Show(const std::string& name, const Session& session) {
+  const NamedType type = Schema::BuiltIn().Find(name);
+  if (type.message != nullptr) {
+    ShowMessage(*type.message, session.style());
+  } else {
+    ShowEnum(*type.enumeration, session.style());
+  }
+}
+
+}  // namespace
+
+void AddShow(CLI::App* program, Session* session) {
+  CLI::App* const command = program->add_subcommand(
+      "show", "Show one type: its fields or values, tags and comments");
+  const auto name = std::make_shared<std::string>();
+  command
+      ->add_option("type", *name, "Its name; the end of it if that is unique")
+      ->required()
+      ->type_name("TYPE");
+  session->AddOutputOptions(command);
+  command->footer("Example:\n  vantiro-records show ZAfSmartRoi");
+  command->callback([=] { Show(*name, *session); });
+}
+
+}  // namespace inspection
+}  // namespace vantiro

@@ -1,0 +1,131 @@
+#include "tools/difference.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+#include "tools/formats.h"
+#include "tools/leaves.h"
+#include "tools/scalar.h"
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+class Comparer {
+ public:
+  explicit Comparer(double tolerance) : tolerance_(tolerance) {}
+
+  void Compare(const Record& before, const Record& after,
+               const std::string& path) {
+    std::set<int> numbers;
+    for (const auto& entry : before.fields) numbers.insert(entry.first);
+    for (const auto& entry : after.fields) numbers.insert(entry.first);
+    for (const int number : numbers) {
+      const FieldDescriptor& field = *before.type->FindFieldByNumber(number);
+      CompareField(Value(before, field), Value(after, field),
+                   SubPath(path, field.name()));
+    }
+    CompareTexts(UnknownHex(before), UnknownHex(after),
+                 SubPath(path, "@unknown"));
+  }
+
+  std::vector<Difference> TakeDifferences() { return std::move(differences_); }
+
+ private:
+  // A scalar that was never set is zero.
+  static FieldValue Empty(const FieldDescriptor& field) {
+    FieldValue value;
+    value.field = &field;
+    if (IsScalar(field) && !field.is_repeated()) value.scalars.push_back(0);
+    return value;
+  }
+
+  const FieldValue& Value(const Record& record, const FieldDescriptor& field) {
+    const auto found = record.fields.find(field.number());
+    if (found != record.fields.end()) return found->second;
+    return empty_.emplace(&field, Empty(field)).first->second;
+  }
+
+  void CompareField(const FieldValue& before, const FieldValue& after,
+                    const std::string& path) {
+    const FieldDescriptor& field = *before.field;
+    const auto place = [&](size_t i) {
+      return field.is_repeated() ? IndexPath(path, i) : path;
+    };
+    const auto& a = before.messages;
+    const auto& b = after.messages;
+    for (size_t i = 0; i < std::max(a.size(), b.size()); ++i) {
+      if (i >= b.size()) {
+        AddLeaves(Difference::kRemoved, a[i], place(i));
+      } else if (i >= a.size()) {
+        AddLeaves(Difference::kAdded, b[i], place(i));
+      } else {
+        Compare(a[i], b[i], place(i));
+      }
+    }
+    CompareScalars(before, after, path);
+    if (before.text != after.text) {
+      CompareTexts(before.text.empty() ? "" : ValueText(before),
+                   after.text.empty() ? "" : ValueText(after), path);
+    }
+  }
+
+  void CompareScalars(const FieldValue& before, const FieldValue& after,
+                      const std::string& path) {
+    const FieldDescriptor& field = *before.field;
+    const auto& a = before.scalars;
+    const auto& b = after.scalars;
+    const auto text = [&](const std::vector<uint64_t>& list, size_t i) {
+      return i < list.size() ? ScalarText(field, list[i]) : "";
+    };
+    for (size_t i = 0; i < std::max(a.size(), b.size()); ++i) {
+      if (i < a.size() && i < b.size() && AreEqual(field, a[i], b[i])) continue;
+      CompareTexts(text(a, i), text(b, i),
+                   field.is_repeated() ? IndexPath(path, i) : path);
+    }
+  }
+
+  bool AreEqual(const FieldDescriptor& field, uint64_t a, uint64_t b) const {
+    if (a == b) return true;
+    if (!IsFloat(field) || IsNan(a) || IsNan(b) || tolerance_ <= 0) {
+      return false;
+    }
+    return std::fabs(double{ToFloat(a)} - double{ToFloat(b)}) <= tolerance_;
+  }
+
+  void CompareTexts(const std::string& before, const std::string& after,
+                    const std::string& path) {
+    if (before == after) return;
+    const Difference::Kind kind = before.empty()  ? Difference::kAdded
+                                  : after.empty() ? Difference::kRemoved
+                                                  : Difference::kChanged;
+    differences_.push_back({kind, path, before, after});
+  }
+
+  void AddLeaves(Difference::Kind kind, const Record& record,
+                 const std::string& path) {
+    VisitLeaves(
+        record, path, [&](const std::string& leaf, const std::string& value) {
+          const bool is_added = kind == Difference::kAdded;
+          differences_.push_back(
+              {kind, leaf, is_added ? "" : value, is_added ? value : ""});
+        });
+  }
+
+  const double tolerance_;
+  std::map<const FieldDescriptor*, FieldValue> empty_;
+  std::vector<Difference> differences_;
+};
+
+}  // namespace
+
+std::vector<Difference> Compare(const Record& before, const Record& after,
+                                double tolerance) {
+  Comparer comparer(tolerance);
+  comparer.Compare(before, after, "");
+  return comparer.TakeDifferences();
+}
+
+}  // namespace inspection
+}  // namespace vantiro

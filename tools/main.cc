@@ -1,0 +1,80 @@
+// vantiro-records: looks into records.
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "tools/commands/session.h"
+#include "tools/formats.h"
+
+namespace vantiro {
+namespace inspection {
+namespace {
+
+int Say(const std::exception& error, ExitStatus status) {
+  std::cout.flush();
+  std::cerr << "vantiro-records: " << error.what() << '\n';
+  return status;
+}
+
+std::string WrongUse(const CLI::App* /*program*/, const CLI::Error& error) {
+  return std::string("vantiro-records: ") + error.what() +
+         "; --help tells more\n";
+}
+
+// The parser's own message for an unknown command names none.
+void CheckCommand(const CLI::App& program, const std::string& name) {
+  const auto commands =
+      program.get_subcommands([](const CLI::App*) { return true; });
+  const bool is_command = std::any_of(
+      commands.begin(), commands.end(),
+      [&name](const CLI::App* command) { return command->get_name() == name; });
+  if (!is_command && name[0] != '-') {
+    throw UsageError("there is no command " + name + "; --help lists them");
+  }
+}
+
+int Run(int argc, char* argv[]) {
+  Session session;
+  CLI::App program(
+      "Looks into the records of the camera stack's image control: shows what "
+      "they hold, byte by byte if need be, also where they are damaged.",
+      "vantiro-records");
+  program.require_subcommand(1);
+  program.failure_message(WrongUse);
+  program.footer(
+      "A file of - is standard input. Exit status: 0 fine, 1 differences or\n"
+      "faults found, 2 wrong use. COMMAND --help tells more, with an example.");
+  AddList(&program, &session);
+  AddShow(&program, &session);
+  AddDecode(&program, &session);
+  AddEncode(&program, &session);
+  AddAnnotate(&program, &session);
+  AddDiff(&program, &session);
+  try {
+    if (argc > 1) CheckCommand(program, argv[1]);
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error) == 0 ? kFine : kWrongUse;
+  } catch (const FormatError& error) {
+    return Say(error, kFound);
+  } catch (const std::exception& error) {
+    return Say(error, kWrongUse);
+  }
+  if (!std::cout.flush()) {
+    std::cerr << "vantiro-records: the output cannot be written\n";
+    return kWrongUse;
+  }
+  return session.status();
+}
+
+}  // namespace
+}  // namespace inspection
+}  // namespace vantiro
+
+int main(int argc, char* argv[]) {
+  std::ios::sync_with_stdio(false);
+  return vantiro::inspection::Run(argc, argv);
+}
