@@ -188,6 +188,7 @@ bool TreeReader::ReadFloatBlock(FieldState* state, Node* node) {
   node->value = {position_, count * kFloatSize};
   node->elements.reserve(count);
   for (size_t i = 0; i < count; ++i) ReadElement(node);
+  path_.back().index = state->count;
   return length <= left ||
          Fail(position_, "block of " + Bytes(length) + " ends after " +
                              std::to_string(left));
@@ -214,6 +215,7 @@ bool TreeReader::ReadVarintBlock(FieldState* state, Node* node) {
     ++state->count;
   }
   end_ = outer_end;
+  path_.back().index = state->count;
   return length <= left ||
          Fail(position_, "block of " + Bytes(length) + " ends after " +
                              std::to_string(left));
