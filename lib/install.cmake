@@ -4,16 +4,31 @@ include(CMakePackageConfigHelpers)
 
 set(config_folder "${CMAKE_INSTALL_LIBDIR}/cmake/VantiroProtos")
 install(TARGETS vantiro_protos EXPORT VantiroProtosTargets
-  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT library)
 install(EXPORT VantiroProtosTargets
-  NAMESPACE VantiroProtos:: DESTINATION "${config_folder}")
+  NAMESPACE VantiroProtos:: DESTINATION "${config_folder}" COMPONENT dev)
 
 foreach(stem IN LISTS VANTIRO_UNITS)
   install(FILES "${PROJECT_BINARY_DIR}/generated/${stem}.pb.h"
-    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/vantiro-protos")
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/vantiro-protos" COMPONENT dev)
   install(FILES "${PROJECT_SOURCE_DIR}/schema/${stem}.proto"
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/vantiro-protos/schema")
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/vantiro-protos/schema" COMPONENT dev)
 endforeach()
+
+# The schema for programs that read records without the classes.
+set(descriptor_set "${PROJECT_BINARY_DIR}/schema.binpb")
+set(unit_files ${VANTIRO_UNITS})
+list(TRANSFORM unit_files PREPEND "${PROJECT_SOURCE_DIR}/schema/")
+list(TRANSFORM unit_files APPEND ".proto")
+add_custom_command(OUTPUT "${descriptor_set}"
+  COMMAND protobuf::protoc "-I${PROJECT_SOURCE_DIR}/schema"
+    "--descriptor_set_out=${descriptor_set}" ${unit_files}
+  DEPENDS ${unit_files}
+  COMMENT "Descriptor set of the schema"
+  VERBATIM)
+add_custom_target(vantiro_descriptor_set ALL DEPENDS "${descriptor_set}")
+install(FILES "${descriptor_set}"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/vantiro-protos" COMPONENT dev)
 
 configure_package_config_file(
   "${PROJECT_SOURCE_DIR}/cmake/VantiroProtosConfig.cmake.in"
@@ -22,11 +37,13 @@ configure_package_config_file(
 write_basic_package_version_file(
   "${PROJECT_BINARY_DIR}/VantiroProtosConfigVersion.cmake"
   COMPATIBILITY SameMinorVersion)
+file(RELATIVE_PATH VANTIRO_PC_TO_PREFIX
+  "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/vantiro-protos.pc.in"
   "${PROJECT_BINARY_DIR}/vantiro-protos.pc" @ONLY)
 install(FILES
   "${PROJECT_BINARY_DIR}/VantiroProtosConfig.cmake"
   "${PROJECT_BINARY_DIR}/VantiroProtosConfigVersion.cmake"
-  DESTINATION "${config_folder}")
+  DESTINATION "${config_folder}" COMPONENT dev)
 install(FILES "${PROJECT_BINARY_DIR}/vantiro-protos.pc"
-  DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+  DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT dev)
