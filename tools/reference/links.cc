@@ -1,0 +1,71 @@
+#include "tools/reference/links.h"
+
+#include <cctype>
+
+namespace vantiro {
+namespace reference {
+
+using google::protobuf::EnumValueDescriptor;
+using google::protobuf::FieldDescriptor;
+using google::protobuf::FileDescriptor;
+
+std::string Escape(const std::string& text) {
+  std::string result;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        result += "&amp;";
+        break;
+      case '<':
+        result += "&lt;";
+        break;
+      case '>':
+        result += "&gt;";
+        break;
+      case '"':
+        result += "&quot;";
+        break;
+      default:
+        result += c;
+    }
+  }
+  return result;
+}
+
+std::string Breakable(const std::string& name) {
+  std::string result;
+  for (size_t i = 0; i < name.size(); ++i) {
+    const bool begins_word =
+        i > 1 && std::isupper(static_cast<unsigned char>(name[i])) != 0 &&
+        std::islower(static_cast<unsigned char>(name[i - 1])) != 0;
+    if (begins_word || name[i] == '.') result += "<wbr>";
+    result += name[i];
+    if (name[i] == '_') result += "<wbr>";
+  }
+  return result;
+}
+
+std::string StemOf(const FileDescriptor* unit) {
+  return unit->name().substr(0, unit->name().rfind('.'));
+}
+
+std::string PageOf(const FileDescriptor* unit) {
+  return StemOf(unit) + ".html";
+}
+
+std::string AnchorOf(const FieldDescriptor* field) {
+  return NameInUnit(field->containing_type()) + "." + field->name();
+}
+
+std::string AnchorOf(const EnumValueDescriptor* value) {
+  // The value's full name is one of the package, not of the enum.
+  return NameInUnit(value->type()) + "." + value->name();
+}
+
+std::string Address(const FileDescriptor* from, const FileDescriptor* unit,
+                    const std::string& anchor) {
+  return (from == unit ? "" : PageOf(unit)) + "#" + anchor;
+}
+
+}  // namespace reference
+}  // namespace vantiro
