@@ -13,10 +13,10 @@ namespace inspection {
 namespace {
 
 void Count(const std::string& what, size_t offset,
-           std::vector<Difference>* differences) {
+           std::vector<Peculiarity>* differences) {
   const auto found = std::find_if(
       differences->begin(), differences->end(),
-      [&what](const Difference& other) { return other.what == what; });
+      [&what](const Peculiarity& other) { return other.what == what; });
   if (found == differences->end()) {
     differences->push_back({what, 1, offset});
   } else {

@@ -13,8 +13,8 @@
 namespace vantiro {
 namespace inspection {
 
-// One way in which a record differs from what the library writes.
-struct Difference {
+// Something in which a record differs from what the library writes.
+struct Peculiarity {
   // "unpacked element", "out of order" ...
   std::string what;
   size_t count;
@@ -30,8 +30,8 @@ struct Form {
   std::string fault;
   // Why it is not canonical; and what is canonical but worth to be told:
   // unknown fields, undeclared enum numbers, NaN and -0.0.
-  std::vector<Difference> differences;
-  std::vector<Difference> remarks;
+  std::vector<Peculiarity> differences;
+  std::vector<Peculiarity> remarks;
 };
 
 // Parses the bytes with the class of `type`, writes them again and compares.

@@ -53,6 +53,10 @@ int Run(int argc, char* argv[]) {
   AddEncode(&program, &session);
   AddAnnotate(&program, &session);
   AddDiff(&program, &session);
+  AddIdentify(&program, &session);
+  AddCheck(&program, &session);
+  AddSplit(&program, &session);
+  AddScan(&program, &session);
   try {
     if (argc > 1) CheckCommand(program, argv[1]);
     program.parse(argc, argv);

@@ -16,9 +16,10 @@ struct Options {
 void Annotate(const Options& options, Session* session) {
   const std::string bytes = session->ReadBytes(options.file);
   const Descriptor& type = session->TypeOf(options.type, bytes);
+  session->NoteType(options.file, options.type, type);
   const RecordTree tree = ReadRecord(type, bytes);
   WriteAnnotation(tree, session->style(), &std::cout);
-  session->ReportFault(options.file, tree);
+  session->ReportFault(options.file, tree.fault);
 }
 
 }  // namespace

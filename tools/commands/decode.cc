@@ -66,6 +66,7 @@ class Decoder {
   void Decode(const std::string& file) {
     const std::string bytes = session_.ReadBytes(file);
     const Descriptor& type = session_.TypeOf(options_.type, bytes);
+    session_.NoteType(file, options_.type, type);
     const RecordTree tree = ReadRecord(type, bytes);
     Record record = MakeRecord(tree);
     DropZeros(&record);
@@ -78,7 +79,7 @@ class Decoder {
       if (HasSeveralFiles()) std::cout << style_.Note("# " + file) << '\n';
       WriteReadable(&record);
     }
-    session_.ReportFault(file, tree);
+    session_.ReportFault(file, tree.fault);
   }
 
   void WriteReadable(Record* record) const {

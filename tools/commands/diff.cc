@@ -35,6 +35,7 @@ void Diff(const Options& options, Session* session) {
   const std::string before = session->ReadBytes(options.before);
   const std::string after = session->ReadBytes(options.after);
   const Descriptor& type = session->TypeOf(options.type, before);
+  session->NoteType(options.before, options.type, type);
   const RecordTree before_tree = ReadRecord(type, before);
   const RecordTree after_tree = ReadRecord(type, after);
   Record before_record = MakeRecord(before_tree);
@@ -49,8 +50,8 @@ void Diff(const Options& options, Session* session) {
       std::cout << Line(difference, session->style()) << '\n';
     }
   }
-  session->ReportFault(options.before, before_tree);
-  session->ReportFault(options.after, after_tree);
+  session->ReportFault(options.before, before_tree.fault);
+  session->ReportFault(options.after, after_tree.fault);
 }
 
 }  // namespace

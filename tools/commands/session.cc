@@ -12,6 +12,7 @@
 #include <iostream>
 #include <iterator>
 
+#include "tools/identify.h"
 #include "tools/scalar.h"
 
 namespace vantiro {
@@ -79,17 +80,29 @@ std::string Session::ReadFile(const std::string& file) {
 }
 
 const Descriptor& Session::TypeOf(const std::string& name,
-                                  const std::string& /*bytes*/) const {
-  if (name.empty()) {
-    throw UsageError("say with --type what the record is; 'list' shows types");
+                                  const std::string& bytes) const {
+  const Schema& schema = Schema::BuiltIn();
+  if (!name.empty()) return schema.FindMessage(name);
+  const Candidate best = Identify(schema.roots(), bytes).front();
+  if (!IsConvincing(best)) {
+    throw UsageError(
+        "the bytes do not tell their type: say it with --type; 'identify' "
+        "shows the candidates, 'list' all types");
   }
-  return Schema::BuiltIn().FindMessage(name);
+  return *best.type;
 }
 
-void Session::ReportFault(const std::string& file, const RecordTree& tree) {
-  if (tree.ok()) return;
+void Session::NoteType(const std::string& file, const std::string& name,
+                       const Descriptor& type) const {
+  if (!name.empty() || quiet_) return;
+  std::cerr << file << ": taken for " << type.full_name() << '\n';
+}
+
+void Session::ReportFault(const std::string& file,
+                          const std::optional<Fault>& fault) {
+  if (!fault.has_value()) return;
   std::cout.flush();
-  std::cerr << file << ": " << tree.fault->Text() << '\n';
+  std::cerr << file << ": " << fault->Text() << '\n';
   Raise(kFound);
 }
 

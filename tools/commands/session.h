@@ -4,6 +4,7 @@
 #define VANTIRO_TOOLS_COMMANDS_SESSION_H_
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -36,13 +37,19 @@ class Session {
   // The same without decoding.
   static std::string ReadFile(const std::string& file);
 
-  // The type of that name, or the one that the bytes are most likely of.
+  // The type of that name; without one, the root that the bytes are most likely
+  // of. Throws a UsageError if none is convincing.
   const Descriptor& TypeOf(const std::string& name,
                            const std::string& bytes) const;
 
-  // Says on standard error why and where the record of `file` is damaged, if it
-  // is, and lets the program end with kFound.
-  void ReportFault(const std::string& file, const RecordTree& tree);
+  // Says on standard error which type a file was taken for, if `name` did not
+  // tell it.
+  void NoteType(const std::string& file, const std::string& name,
+                const Descriptor& type) const;
+
+  // Says on standard error why and where `file` is damaged, if it is, and lets
+  // the program end with kFound.
+  void ReportFault(const std::string& file, const std::optional<Fault>& fault);
   // Lets the program end with `status`, unless it ends with a higher one.
   void Raise(ExitStatus status);
 
@@ -59,11 +66,15 @@ class Session {
 
 // Each adds one command to the program. Commands answer on standard output.
 void AddAnnotate(CLI::App* program, Session* session);
+void AddCheck(CLI::App* program, Session* session);
 void AddDecode(CLI::App* program, Session* session);
 void AddDiff(CLI::App* program, Session* session);
 void AddEncode(CLI::App* program, Session* session);
+void AddIdentify(CLI::App* program, Session* session);
 void AddList(CLI::App* program, Session* session);
+void AddScan(CLI::App* program, Session* session);
 void AddShow(CLI::App* program, Session* session);
+void AddSplit(CLI::App* program, Session* session);
 
 }  // namespace inspection
 }  // namespace vantiro
