@@ -11,25 +11,21 @@
 namespace vantiro {
 namespace tests {
 
-// Converts to anything, with a failure.
-struct Lacking {
-  template <typename T>
-  operator T*() const {
-    ADD_FAILURE() << "the class lacks " << operation;
-    return nullptr;
-  }
-  const char* operation;
-};
+template <typename T>
+T* Lacking(const char* operation) {
+  ADD_FAILURE() << "the class lacks " << operation;
+  return nullptr;
+}
 
-// The first that compiles is called: 0 is an int rather than a long.
+// The first that compiles is called: 0 is an int rather than a char.
 template <typename T>
 auto MaybeArenaPointer(const T& message, int)
     -> decltype(message.GetMaybeArenaPointer()) {
   return message.GetMaybeArenaPointer();
 }
 template <typename T>
-void* MaybeArenaPointer(const T&, long) {
-  return Lacking{"GetMaybeArenaPointer"};
+void* MaybeArenaPointer(const T&, char) {
+  return Lacking<void>("GetMaybeArenaPointer");
 }
 template <typename T>
 void* MaybeArenaPointer(const T& message) {
@@ -42,7 +38,7 @@ auto UnsafeArenaSetAllocatedString(std::string* text, T* message, int)
   message->unsafe_arena_set_allocated_string_value(text);
 }
 template <typename T>
-void UnsafeArenaSetAllocatedString(std::string* text, T* message, long) {
+void UnsafeArenaSetAllocatedString(std::string* text, T* message, char) {
   ADD_FAILURE() << "the class lacks unsafe_arena_set_allocated_<string field>";
   message->set_string_value(*text);
 }
@@ -57,8 +53,8 @@ auto UnsafeArenaReleaseString(T* message, int)
   return message->unsafe_arena_release_string_value();
 }
 template <typename T>
-std::string* UnsafeArenaReleaseString(T*, long) {
-  return Lacking{"unsafe_arena_release_<string field>"};
+std::string* UnsafeArenaReleaseString(T*, char) {
+  return Lacking<std::string>("unsafe_arena_release_<string field>");
 }
 template <typename T>
 std::string* UnsafeArenaReleaseString(T* message) {
