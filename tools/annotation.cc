@@ -1,7 +1,6 @@
 #include "tools/annotation.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -96,16 +95,11 @@ class Annotator {
 
   static std::string ElementText(const Node& node, const Element& element) {
     if (node.field != nullptr) return ScalarText(*node.field, element.bits);
-    char text[24];
     switch (node.wire_type) {
       case WireFormatLite::WIRETYPE_FIXED32:
-        std::snprintf(text, sizeof(text), "0x%08x",
-                      static_cast<uint32_t>(element.bits));
-        return text;
+        return FixedHex(element.bits, 8);
       case WireFormatLite::WIRETYPE_FIXED64:
-        std::snprintf(text, sizeof(text), "0x%016llx",
-                      static_cast<unsigned long long>(element.bits));
-        return text;
+        return FixedHex(element.bits, 16);
       default:
         return std::to_string(element.bits);
     }
@@ -157,18 +151,16 @@ class Annotator {
       hex += Spaced(tree_.bytes.substr(span.offset, span.size));
       next_ = span.end();
     }
-    char place[24];
-    std::snprintf(place, sizeof(place), "%08zx  ", offset);
-    std::string line = style_.Note(place) + hex;
+    std::string line = style_.Note(FixedHex(offset, 8).substr(2) + "  ") + hex;
     if (!text.empty()) {
       line += std::string(kHexWidth - std::min(kHexWidth - 2, hex.size()), ' ');
     }
     line += text;
-    const std::vector<std::string> names = marks.Names();
-    for (const std::string& name : names) {
-      line += (&name == &names[0] ? "  " + style_.Warning("<- " + name)
-                                  : style_.Warning(", " + name));
+    std::string names;
+    for (const std::string& name : marks.Names()) {
+      names += (names.empty() ? "<- " : ", ") + name;
     }
+    if (!names.empty()) line += "  " + style_.Warning(names);
     out_ << line << '\n';
   }
 

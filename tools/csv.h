@@ -21,8 +21,10 @@ inline void WriteCsvRow(const std::vector<std::string>& cells,
       continue;
     }
     *out << '"';
-    for (const char c : cells[i])
-      *out << (c == '"' ? "\"\"" : std::string(1, c));
+    for (const char c : cells[i]) {
+      if (c == '"') *out << '"';
+      *out << c;
+    }
     *out << '"';
   }
   *out << '\n';

@@ -39,19 +39,15 @@ Json UnknownJson(const UnknownFieldSet& fields) {
   for (int i = 0; i < fields.field_count(); ++i) {
     const UnknownField& field = fields.field(i);
     Json item = {{"number", field.number()}};
-    char text[24];
     switch (field.type()) {
       case UnknownField::TYPE_VARINT:
         item["varint"] = std::to_string(field.varint());
         break;
       case UnknownField::TYPE_FIXED32:
-        std::snprintf(text, sizeof(text), "0x%08x", field.fixed32());
-        item["fixed32"] = text;
+        item["fixed32"] = FixedHex(field.fixed32(), 8);
         break;
       case UnknownField::TYPE_FIXED64:
-        std::snprintf(text, sizeof(text), "0x%016llx",
-                      static_cast<unsigned long long>(field.fixed64()));
-        item["fixed64"] = text;
+        item["fixed64"] = FixedHex(field.fixed64(), 16);
         break;
       case UnknownField::TYPE_LENGTH_DELIMITED:
         item["length_delimited"] = Hex(field.length_delimited());

@@ -79,6 +79,11 @@ int Run(int argc, char* argv[]) {
 }  // namespace vantiro
 
 int main(int argc, char* argv[]) {
-  std::ios::sync_with_stdio(false);
-  return vantiro::inspection::Run(argc, argv);
+  try {
+    std::ios::sync_with_stdio(false);
+    return vantiro::inspection::Run(argc, argv);
+  } catch (...) {
+    // Only where not even the message of a fault can be written.
+    return vantiro::inspection::kWrongUse;
+  }
 }

@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include <cstdio>
+#include <iostream>
 #include <string>
 
 namespace vantiro {
@@ -20,17 +20,17 @@ Progress::Progress(size_t total, bool is_quiet)
 
 Progress::~Progress() {
   // Leaves the line as it was before the bar.
-  if (is_shown_) std::fputs("\r\033[K", stderr);
+  if (is_shown_) std::cerr << "\r\033[K";
 }
 
 void Progress::Show(size_t done) {
   const int percent = static_cast<int>(done * 100 / (total_ == 0 ? 1 : total_));
   if (!is_shown_ || percent == percent_) return;
   percent_ = percent;
-  const int filled = percent * kWidth / 100;
-  std::fprintf(stderr, "\r[%s%s] %zu of %zu", std::string(filled, '#').c_str(),
-               std::string(kWidth - filled, '.').c_str(), done, total_);
-  std::fflush(stderr);
+  const auto filled = static_cast<size_t>(percent * kWidth / 100);
+  std::cerr << "\r[" << std::string(filled, '#')
+            << std::string(kWidth - filled, '.') << "] " << done << " of "
+            << total_ << std::flush;
 }
 
 }  // namespace inspection

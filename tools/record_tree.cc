@@ -1,7 +1,7 @@
 #include "tools/record_tree.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <sstream>
 
 namespace vantiro {
 namespace inspection {
@@ -16,9 +16,12 @@ bool AreCanonical(const std::vector<Node>& nodes) {
 }  // namespace
 
 std::string Fault::Text() const {
-  char place[64];
-  std::snprintf(place, sizeof(place), "offset 0x%zx (%zu)", offset, offset);
-  return place + (path.empty() ? "" : ", in " + path) + ": " + what;
+  std::ostringstream text;
+  text << "offset 0x" << std::hex << offset << std::dec << " (" << offset
+       << ')';
+  if (!path.empty()) text << ", in " << path;
+  text << ": " << what;
+  return text.str();
 }
 
 bool IsCanonical(const RecordTree& tree) {

@@ -15,6 +15,7 @@ using Kind = FieldDescriptor;
 
 constexpr uint32_t kUsualNan = 0x7fc00000;
 constexpr uint32_t kSign = 0x80000000;
+constexpr char kDigits[] = "0123456789abcdef";
 
 uint64_t Low(uint64_t bits) { return static_cast<uint32_t>(bits); }
 
@@ -26,13 +27,10 @@ uint64_t Extend(uint64_t bits) {
 }
 
 std::string FloatText(uint64_t bits) {
-  char text[32];
   if (IsNan(bits)) {
-    if (bits == kUsualNan) return "nan";
-    std::snprintf(text, sizeof(text), "nan(0x%08x)",
-                  static_cast<uint32_t>(bits));
-    return text;
+    return bits == kUsualNan ? "nan" : "nan(" + FixedHex(bits, 8) + ')';
   }
+  char text[32];
   const auto end = std::to_chars(text, text + sizeof(text), ToFloat(bits)).ptr;
   return {text, end};
 }
@@ -197,8 +195,13 @@ std::string NameOf(const Node& node) {
                                : std::to_string(node.number);
 }
 
+std::string FixedHex(uint64_t value, size_t digits) {
+  std::string text(digits, '0');
+  for (size_t i = digits; i-- > 0; value >>= 4) text[i] = kDigits[value & 15];
+  return "0x" + text;
+}
+
 std::string Hex(std::string_view bytes) {
-  static constexpr char kDigits[] = "0123456789abcdef";
   std::string hex;
   for (const char c : bytes) {
     hex += kDigits[static_cast<uint8_t>(c) >> 4];

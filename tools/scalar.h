@@ -47,6 +47,8 @@ bool ParseScalar(const FieldDescriptor& field, std::string_view text,
 // "field_3", or the number of a field that the type does not know.
 std::string NameOf(const Node& node);
 
+// "0x0000002a": so many hexadecimal digits.
+std::string FixedHex(uint64_t value, size_t digits);
 // Lower-case hexadecimal without spaces.
 std::string Hex(std::string_view bytes);
 // The inverse: appends to `*bytes`. False if `text` is anything else.

@@ -45,18 +45,16 @@ class TextWriter {
   }
 
   std::string UnknownText(const UnknownField& field) const {
-    char text[24];
     switch (field.type()) {
       case UnknownField::TYPE_VARINT:
         return std::to_string(field.varint()) +
                style_.Note("  # unknown, varint");
       case UnknownField::TYPE_FIXED32:
-        std::snprintf(text, sizeof(text), "0x%08x", field.fixed32());
-        return text + style_.Note("  # unknown, fixed32");
+        return FixedHex(field.fixed32(), 8) +
+               style_.Note("  # unknown, fixed32");
       case UnknownField::TYPE_FIXED64:
-        std::snprintf(text, sizeof(text), "0x%016llx",
-                      static_cast<unsigned long long>(field.fixed64()));
-        return text + style_.Note("  # unknown, fixed64");
+        return FixedHex(field.fixed64(), 16) +
+               style_.Note("  # unknown, fixed64");
       default:
         return QuotedHex(field.length_delimited()) +
                style_.Note("  # unknown, length-delimited");
