@@ -1,5 +1,8 @@
 #include <google/protobuf/stubs/common.h>
 
+#include <functional>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "tools/formats.h"
@@ -165,12 +168,32 @@ class JsonReader {
   int depth_ = -1;
 };
 
+// Refuses a key that stands twice in an object, where the parser would keep one
+// of the two and say nothing.
+class KeyCheck {
+ public:
+  bool operator()(int /*depth*/, Json::parse_event_t event,
+                  const Json& parsed) {
+    if (event == Json::parse_event_t::object_start) keys_.emplace_back();
+    if (event == Json::parse_event_t::object_end) keys_.pop_back();
+    if (event == Json::parse_event_t::key &&
+        !keys_.back().insert(parsed.get<std::string>()).second) {
+      throw FormatError(parsed.dump() + " stands twice in an object");
+    }
+    return true;
+  }
+
+ private:
+  std::vector<std::set<std::string>> keys_;
+};
+
 }  // namespace
 
 Record ReadJson(const Descriptor& type, const std::string& text) {
   Json json;
   try {
-    json = Json::parse(text);
+    KeyCheck check;
+    json = Json::parse(text, std::ref(check));
   } catch (const Json::exception& error) {
     throw FormatError(std::string("no JSON: ") + error.what());
   }

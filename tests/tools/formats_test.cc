@@ -131,6 +131,8 @@ TEST(Formats, RefuseOtherJsonWithThePath) {
             "in other: z3a_debug_data.z3abase.FaceRoiType has no such field"},
            {R"({"@unknown": [{"number": 15, "fixed32": "0x100000000"}]})",
             "in @unknown.fixed32: not a number that fits: \"0x100000000\""},
+           {R"({"field_1": 1, "field_1": 2})",
+            "\"field_1\" stands twice in an object"},
            {"[]", "a message is an object in braces"}}) {
     EXPECT_EQ(ErrorOf(ReadJson, c.text), c.error) << c.text;
   }
