@@ -4,21 +4,16 @@
 #include <string>
 #include <vector>
 
+#include "tools/node_text.h"
 #include "tools/scalar.h"
 
 namespace vantiro {
 namespace inspection {
 namespace {
 
-using google::protobuf::internal::WireFormatLite;
-
 // How many bytes of a text or of bytes not read stand in a line.
 constexpr size_t kBytesInLine = 12;
 constexpr size_t kHexWidth = 3 * kBytesInLine + 2;
-
-std::string Bytes(size_t count) {
-  return std::to_string(count) + (count == 1 ? " byte" : " bytes");
-}
 
 class Annotator {
  public:
@@ -38,78 +33,30 @@ class Annotator {
   }
 
   void WriteNode(const Node& node, const std::string& indent) {
-    const std::string name = indent + StyledName(node);
+    const std::string name = indent + StyledName(node) + ": ";
     if (IsOneValue(node)) {
       WriteLine({node.tag, node.length, node.value},
-                name + ": " + ElementText(node, node.elements[0]), node.marks);
+                name + ElementText(node, node.elements[0]), node.marks);
     } else if (HasElements(node)) {
-      WriteLine(
-          {node.tag, node.length},
-          name + ": " + std::to_string(node.elements.size()) +
-              (node.elements.size() == 1 ? " element in " : " elements in ") +
-              Bytes(node.value.size),
-          BlockMarks(node));
+      WriteLine({node.tag, node.length}, name + BlockText(node),
+                BlockMarks(node));
       WriteElements(node, indent + "  ");
     } else if (HasChildren(node)) {
-      WriteLine({node.tag, node.length}, name + ": " + Head(node), node.marks);
+      WriteLine({node.tag, node.length}, name + ChildrenText(node), node.marks);
       WriteNodes(node.children, indent + "  ");
       if (node.end_tag.size > 0) {
         WriteLine({node.end_tag}, indent + "end of group", {});
       }
     } else {
-      WriteLine({node.tag, node.length}, name + ": " + Bytes(node.value.size),
+      WriteLine({node.tag, node.length}, name + ByteCount(node.value.size),
                 node.marks);
       WriteRaw(node.value, indent + "  ", true);
     }
   }
 
-  static bool HasChildren(const Node& node) {
-    if (node.field == nullptr) {
-      return node.wire_type == WireFormatLite::WIRETYPE_START_GROUP;
-    }
-    return node.field->cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE;
-  }
-  static bool HasElements(const Node& node) {
-    return node.field != nullptr && IsScalar(*node.field);
-  }
-  // A scalar, an unpacked element, or a varint or fixed value that is unknown.
-  static bool IsOneValue(const Node& node) {
-    return node.elements.size() == 1 && node.length.size == 0;
-  }
-
   std::string StyledName(const Node& node) const {
-    if (node.field == nullptr) {
-      return style_.Warning("field " + std::to_string(node.number));
-    }
-    const bool is_block = HasElements(node) && !IsOneValue(node);
-    const bool has_index = node.field->is_repeated() && !is_block;
-    return style_.Name(
-        node.field->name() +
-        (has_index ? '[' + std::to_string(node.index) + ']' : ""));
-  }
-
-  static std::string Head(const Node& node) {
-    if (node.field == nullptr) return "group";
-    return node.field->message_type()->name() + ", " + Bytes(node.value.size);
-  }
-
-  static std::string ElementText(const Node& node, const Element& element) {
-    if (node.field != nullptr) return ScalarText(*node.field, element.bits);
-    switch (node.wire_type) {
-      case WireFormatLite::WIRETYPE_FIXED32:
-        return FixedHex(element.bits, 8);
-      case WireFormatLite::WIRETYPE_FIXED64:
-        return FixedHex(element.bits, 16);
-      default:
-        return std::to_string(element.bits);
-    }
-  }
-
-  // Those of the elements stand beside the elements.
-  static Marks BlockMarks(const Node& node) {
-    Marks marks = node.marks;
-    for (const Element& element : node.elements) marks.Remove(element.marks);
-    return marks;
+    const std::string name = LineName(node);
+    return node.field == nullptr ? style_.Warning(name) : style_.Name(name);
   }
 
   void WriteElements(const Node& node, const std::string& indent) {

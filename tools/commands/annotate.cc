@@ -1,7 +1,12 @@
+#include <cerrno>
+#include <cstring>
+#include <fstream>
 #include <iostream>
 #include <memory>
+#include <sstream>
 
 #include "tools/annotation.h"
+#include "tools/annotation_page.h"
 #include "tools/commands/session.h"
 
 namespace vantiro {
@@ -11,14 +16,37 @@ namespace {
 struct Options {
   std::string file;
   std::string type;
+  std::string page;
 };
+
+// The whole page is made before the file is touched, so that a fault leaves an
+// older one as it was.
+void WritePage(const Options& options, const RecordTree& tree) {
+  std::ostringstream page;
+  WriteAnnotationPage(tree, options.file == "-" ? "Record" : options.file,
+                      &page);
+  if (options.page == "-") {
+    std::cout << page.str();
+    return;
+  }
+  std::ofstream file(options.page, std::ios::binary);
+  file << page.str();
+  if (!file.flush()) {
+    throw UsageError("cannot write " + options.page + ": " +
+                     std::strerror(errno));
+  }
+}
 
 void Annotate(const Options& options, Session* session) {
   const std::string bytes = session->ReadBytes(options.file);
   const Descriptor& type = session->TypeOf(options.type, bytes);
   session->NoteType(options.file, options.type, type);
   const RecordTree tree = ReadRecord(type, bytes);
-  WriteAnnotation(tree, session->style(), &std::cout);
+  if (options.page.empty()) {
+    WriteAnnotation(tree, session->style(), &std::cout);
+  } else {
+    WritePage(options, tree);
+  }
   session->ReportFault(options.file, tree.fault);
 }
 
@@ -33,6 +61,11 @@ void AddAnnotate(CLI::App* program, Session* session) {
       ->type_name("FILE");
   command->add_option("-t,--type", options->type, "Its type")
       ->type_name("TYPE");
+  command
+      ->add_option("--html", options->page,
+                   "Write a page for a browser there instead; - is standard "
+                   "output")
+      ->type_name("OUT");
   session->AddInputOptions(command);
   command->footer(
       "Tag, length and value stand two spaces apart. What is peculiar is "

@@ -6,6 +6,7 @@
 #include <sstream>
 #include <vector>
 
+#include "tools/html.h"
 #include "tools/reference/links.h"
 
 namespace vantiro {

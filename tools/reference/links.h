@@ -10,9 +10,6 @@
 namespace vantiro {
 namespace reference {
 
-// `text` with what HTML would read as its own replaced.
-std::string Escape(const std::string& text);
-
 // `name` with places at which a line may break: where words in it begin.
 std::string Breakable(const std::string& name);
 

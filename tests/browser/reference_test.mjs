@@ -1,28 +1,16 @@
 // The schema reference in a real browser.
 //
-//   browser_test.mjs PLAYWRIGHT CHROMIUM PAGES
-//
-// Ends with 77, which says skipped, where there is no browser.
+//   reference_test.mjs PLAYWRIGHT CHROMIUM PAGES
 
 import assert from "node:assert/strict";
-import { existsSync } from "node:fs";
-import { createRequire } from "node:module";
 import path from "node:path";
 import { pathToFileURL } from "node:url";
+import { run } from "./browser.mjs";
 
-const [playwright, chromiumPath, pages] = process.argv.slice(2);
-if (
-  !existsSync(chromiumPath) ||
-  !existsSync(path.join(playwright, "node_modules", "playwright-core"))
-) {
-  console.log("skipped: no Chromium or no playwright-core (./run setup)");
-  process.exit(77);
-}
-const require = createRequire(path.join(playwright, "package.json"));
-const { chromium } = require("playwright-core");
-const address = (page) => pathToFileURL(path.join(pages, page)).href;
+const address = (page) =>
+  pathToFileURL(path.join(process.argv[4], page)).href;
 
-const tests = {
+await run({
   async "a search finds a type and goes there"(page) {
     await page.goto(address("index.html"));
     await page.keyboard.press("/");
@@ -97,34 +85,4 @@ const tests = {
       assert.ok(width <= 360, `${name} is ${width} wide`);
     }
   },
-};
-
-const browser = await chromium.launch({
-  executablePath: chromiumPath,
-  args: [
-    "--no-sandbox",
-    "--disable-gpu",
-    "--disable-quic",
-    "--no-first-run",
-    "--disable-background-networking",
-    "--disable-component-update",
-    "--disable-sync",
-  ],
 });
-let failed = 0;
-for (const [name, test] of Object.entries(tests)) {
-  const page = await browser.newPage();
-  const errors = [];
-  page.on("pageerror", (error) => errors.push(error.message));
-  try {
-    await test(page);
-    assert.deepEqual(errors, []);
-    console.log(`ok: ${name}`);
-  } catch (error) {
-    failed += 1;
-    console.log(`FAILED: ${name}\n${error.message}`);
-  }
-  await page.close();
-}
-await browser.close();
-process.exit(failed ? 1 : 0);
