@@ -6,7 +6,7 @@
 #include <iostream>
 #include <string>
 
-#include "tools/commands/session.h"
+#include "tools/commands/program.h"
 #include "tools/formats.h"
 
 namespace vantiro {
@@ -19,15 +19,9 @@ int Say(const std::exception& error, ExitStatus status) {
   return status;
 }
 
-std::string WrongUse(const CLI::App* /*program*/, const CLI::Error& error) {
-  return std::string("vantiro-records: ") + error.what() +
-         "; --help tells more\n";
-}
-
 // The parser's own message for an unknown command names none.
 void CheckCommand(const CLI::App& program, const std::string& name) {
-  const auto commands =
-      program.get_subcommands([](const CLI::App*) { return true; });
+  const auto commands = CommandsOf(program);
   const bool is_command = std::any_of(
       commands.begin(), commands.end(),
       [&name](const CLI::App* command) { return command->get_name() == name; });
@@ -38,30 +32,12 @@ void CheckCommand(const CLI::App& program, const std::string& name) {
 
 int Run(int argc, char* argv[]) {
   Session session;
-  CLI::App program(
-      "Looks into the records of the camera stack's image control: shows what "
-      "they hold, byte by byte if need be, also where they are damaged.",
-      "vantiro-records");
-  program.require_subcommand(1);
-  program.failure_message(WrongUse);
-  program.footer(
-      "A file of - is standard input. Exit status: 0 fine, 1 differences or\n"
-      "faults found, 2 wrong use. COMMAND --help tells more, with an example.");
-  AddList(&program, &session);
-  AddShow(&program, &session);
-  AddDecode(&program, &session);
-  AddEncode(&program, &session);
-  AddAnnotate(&program, &session);
-  AddDiff(&program, &session);
-  AddIdentify(&program, &session);
-  AddCheck(&program, &session);
-  AddSplit(&program, &session);
-  AddScan(&program, &session);
+  const auto program = MakeProgram(&session);
   try {
-    if (argc > 1) CheckCommand(program, argv[1]);
-    program.parse(argc, argv);
+    if (argc > 1) CheckCommand(*program, argv[1]);
+    program->parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return program.exit(error) == 0 ? kFine : kWrongUse;
+    return program->exit(error) == 0 ? kFine : kWrongUse;
   } catch (const FormatError& error) {
     return Say(error, kFound);
   } catch (const std::exception& error) {
