@@ -172,7 +172,7 @@ TEST(Pages, RootsAreWhatNoOtherCarries) {
             16);
   const Page& focus = Pages().at("zAF_debug.html");
   const size_t root =
-      focus.text.find("<section class=\"type\" id=\"DebugExif\">");
+      focus.text.find(R"(<section class="type" id="DebugExif">)");
   ASSERT_NE(root, std::string::npos);
   EXPECT_NE(focus.text.find("106 types, 9 records deep", root),
             std::string::npos);

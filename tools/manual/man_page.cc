@@ -49,7 +49,7 @@ void WriteOption(const CLI::Option& option, std::ostream& out) {
 
 std::string Synopsis(const CLI::App& command) {
   std::string line = R"(\fBvantiro\-records )" + Escaped(command.get_name()) +
-                     "\\fR [\\fIOPTION\\fR]...";
+                     R"(\fR [\fIOPTION\fR]...)";
   for (const CLI::Option* option : command.get_options()) {
     if (!option->get_positional()) continue;
     const std::string name = "\\fI" + Escaped(Placeholder(*option)) + "\\fR";
