@@ -1,13 +1,16 @@
 #include "tools/evidence.h"
 
+#include <google/protobuf/wire_format_lite.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <set>
 
 namespace vantiro {
 namespace inspection {
 namespace {
+
+using google::protobuf::internal::WireFormatLite;
 
 // Of what does not hold, beside its own bits.
 constexpr double kSurprise = 8;
@@ -20,100 +23,7 @@ constexpr int kMaxDepth = 100;
 // A strict look gives up here: it would take long to make up for so much.
 constexpr double kHopeless = -64;
 
-enum class Kind : uint8_t {
-  kNone,
-  kBool,
-  kEnum,
-  kUnsigned32,
-  kSigned32,
-  kZigZag32,
-  kNumber64,
-  kFloat,
-  kString,
-  kBytes,
-  kMessage,
-};
-
-enum WireType : uint8_t {
-  kVarint = 0,
-  kFixed64 = 1,
-  kDelimited = 2,
-  kStartGroup = 3,
-  kEndGroup = 4,
-  kFixed32 = 5
-};
-
-Kind KindOf(FieldDescriptor::Type type) {
-  switch (type) {
-    case FieldDescriptor::TYPE_BOOL:
-      return Kind::kBool;
-    case FieldDescriptor::TYPE_ENUM:
-      return Kind::kEnum;
-    case FieldDescriptor::TYPE_UINT32:
-      return Kind::kUnsigned32;
-    case FieldDescriptor::TYPE_INT32:
-      return Kind::kSigned32;
-    case FieldDescriptor::TYPE_SINT32:
-      return Kind::kZigZag32;
-    case FieldDescriptor::TYPE_FLOAT:
-      return Kind::kFloat;
-    case FieldDescriptor::TYPE_STRING:
-      return Kind::kString;
-    case FieldDescriptor::TYPE_BYTES:
-      return Kind::kBytes;
-    case FieldDescriptor::TYPE_MESSAGE:
-      return Kind::kMessage;
-    default:
-      return Kind::kNumber64;
-  }
-}
-
 double Log2(size_t count) { return std::log2(static_cast<double>(count)); }
-
-}  // namespace
-
-struct FieldShape {
-  Kind kind = Kind::kNone;
-  WireType wire_type = kVarint;
-  bool is_list = false;
-  // How many fields of the message have lower numbers.
-  uint16_t rank = 0;
-  const Shape* message = nullptr;
-  std::vector<int> enum_numbers;
-};
-
-struct Shape {
-  // By field number.
-  std::vector<FieldShape> fields;
-  size_t field_count = 0;
-  // What it costs to tell which of the last n fields comes next, or none.
-  std::vector<double> choice_bits;
-
-  const FieldShape* Find(uint64_t number) const {
-    return number < fields.size() && fields[number].kind != Kind::kNone
-               ? &fields[number]
-               : nullptr;
-  }
-};
-
-namespace {
-
-FieldShape ShapeOf(const FieldDescriptor& field) {
-  FieldShape shape;
-  shape.kind = KindOf(field.type());
-  shape.is_list = field.is_repeated();
-  if (shape.kind >= Kind::kString || field.is_packed()) {
-    shape.wire_type = kDelimited;
-  } else {
-    shape.wire_type = shape.kind == Kind::kFloat ? kFixed32 : kVarint;
-  }
-  if (shape.kind == Kind::kEnum) {
-    for (int i = 0; i < field.enum_type()->value_count(); ++i) {
-      shape.enum_numbers.push_back(field.enum_type()->value(i)->number());
-    }
-  }
-  return shape;
-}
 
 struct Varint {
   uint64_t value;
@@ -230,10 +140,11 @@ class Weigher {
 
   const uint8_t* ReadValue(const FieldShape& field, const uint8_t* p,
                            const uint8_t* end, int depth) {
-    if (field.wire_type == kFixed32) {
+    if (field.wire_type == WireFormatLite::WIRETYPE_FIXED32) {
       return end - p < 4 ? nullptr : ReadFloat(p, !field.is_list);
     }
-    if (field.wire_type == kVarint) return ReadNumber(field, p, end);
+    if (field.wire_type == WireFormatLite::WIRETYPE_VARINT)
+      return ReadNumber(field, p, end);
     const Varint length = ReadVarint(p, end);
     if (length.size == 0 || !IsShortest(length)) return nullptr;
     p += length.size;
@@ -363,19 +274,19 @@ class Weigher {
     const auto left = static_cast<uint64_t>(end - p);
     const Varint varint = ReadVarint(p, end);
     switch (tag & 7) {
-      case kVarint:
+      case WireFormatLite::WIRETYPE_VARINT:
         return varint.size == 0 ? nullptr : p + varint.size;
-      case kFixed64:
+      case WireFormatLite::WIRETYPE_FIXED64:
         return left < 8 ? nullptr : p + 8;
-      case kFixed32:
+      case WireFormatLite::WIRETYPE_FIXED32:
         return left < 4 ? nullptr : p + 4;
-      case kDelimited:
+      case WireFormatLite::WIRETYPE_LENGTH_DELIMITED:
         if (varint.size == 0 ||
             varint.value > left - static_cast<uint64_t>(varint.size)) {
           return nullptr;
         }
         return p + varint.size + varint.value;
-      case kStartGroup:
+      case WireFormatLite::WIRETYPE_START_GROUP:
         return SkipGroup(p, end, tag, depth);
       default:
         return nullptr;
@@ -389,7 +300,7 @@ class Weigher {
       const Varint inner = ReadVarint(p, end);
       if (inner.size == 0 || inner.value >> 3 == 0) return nullptr;
       p += inner.size;
-      if ((inner.value & 7) == kEndGroup) {
+      if ((inner.value & 7) == WireFormatLite::WIRETYPE_END_GROUP) {
         return inner.value >> 3 == tag >> 3 ? p : nullptr;
       }
       p = SkipUnknown(p, end, inner.value, depth + 1);
@@ -414,54 +325,12 @@ Evidence WeighWith(bool is_strict, const Shape& shape, std::string_view bytes) {
 
 }  // namespace
 
-Shapes::Shapes() = default;
-Shapes::~Shapes() = default;
-
-const Shape& Shapes::Of(const Descriptor& type) {
-  const auto [entry, is_new] = shapes_.try_emplace(&type);
-  Shape* const shape = &entry->second;
-  if (!is_new) return *shape;
-  std::set<int> numbers;
-  for (int i = 0; i < type.field_count(); ++i) {
-    numbers.insert(type.field(i)->number());
-  }
-  shape->field_count = numbers.size();
-  shape->fields.resize(
-      numbers.empty() ? 0 : static_cast<size_t>(*numbers.rbegin()) + 1);
-  uint16_t rank = 0;
-  for (const int number : numbers) {
-    const FieldDescriptor& field = *type.FindFieldByNumber(number);
-    FieldShape* const field_shape = &shape->fields[static_cast<size_t>(number)];
-    *field_shape = ShapeOf(field);
-    field_shape->rank = rank++;
-    // No message contains itself, so this comes to an end. References into the
-    // map stay valid.
-    if (field_shape->kind == Kind::kMessage) {
-      field_shape->message = &Of(*field.message_type());
-    }
-  }
-  for (size_t n = 0; n <= shape->field_count; ++n) {
-    shape->choice_bits.push_back(Log2(n + 1));
-  }
-  return *shape;
-}
-
 Evidence Weigh(const Shape& shape, std::string_view bytes) {
   return WeighWith(false, shape, bytes);
 }
 
 Evidence WeighPrefix(const Shape& shape, std::string_view bytes) {
   return WeighWith(true, shape, bytes);
-}
-
-bool CanBegin(const Shape& shape, uint8_t byte) {
-  for (size_t number = 1; number < shape.fields.size(); ++number) {
-    const FieldShape& field = shape.fields[number];
-    const size_t tag = number << 3 | field.wire_type;
-    const size_t first = tag < 0x80 ? tag : (tag & 0x7f) | 0x80;
-    if (field.kind != Kind::kNone && first == byte) return true;
-  }
-  return false;
 }
 
 }  // namespace inspection

@@ -13,10 +13,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <unordered_map>
-#include <vector>
 
-#include "tools/schema.h"
+#include "tools/shape.h"
 
 namespace vantiro {
 namespace inspection {
@@ -45,24 +43,6 @@ struct Evidence {
   size_t end = 0;
 };
 
-// What is predicted of each field of a message.
-struct Shape;
-
-// The shapes of all messages that are asked for, and of those in them. Not to
-// be used from several threads at once.
-class Shapes {
- public:
-  Shapes();
-  ~Shapes();
-  Shapes(const Shapes&) = delete;
-  Shapes& operator=(const Shapes&) = delete;
-
-  const Shape& Of(const Descriptor& type);
-
- private:
-  std::unordered_map<const Descriptor*, Shape> shapes_;
-};
-
 // The evidence that `bytes` are a record of the shape, whole or damaged: what
 // does not fit costs bits, and what cannot be read saves none.
 Evidence Weigh(const Shape& shape, std::string_view bytes);
@@ -70,9 +50,6 @@ Evidence Weigh(const Shape& shape, std::string_view bytes);
 // The evidence that `bytes` begin with an undamaged record of the shape as the
 // library writes it. Reads up to where they cease to be one.
 Evidence WeighPrefix(const Shape& shape, std::string_view bytes);
-
-// Whether a record of the shape can begin with a tag that has this first byte.
-bool CanBegin(const Shape& shape, uint8_t byte);
 
 }  // namespace inspection
 }  // namespace vantiro
