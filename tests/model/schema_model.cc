@@ -8,6 +8,7 @@ namespace {
 
 using Messages = std::map<std::string, MessageModel>;
 
+// NOLINTNEXTLINE(google-readability-function-size): a line for each field.
 Messages* MakeMessages() {
   auto* const messages = new Messages;
   const auto add = [messages](const char* message, int number, Kind kind,

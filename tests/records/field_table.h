@@ -25,7 +25,7 @@ struct Value {
   // Of a value that an accessor gave: the kind that its C++ type stands for,
   // the first of those that share it; and the type of a record.
   Kind kind = Kind::FLOAT;
-  std::string type = "";
+  std::string type = "";  // NOLINT: makes it one that may be left out.
 };
 
 struct Field {

@@ -23,7 +23,7 @@ TEST(WireScalars, NegativeZeroIsReadAndCopiedButNotCountedOrMerged) {
   const auto from = Merged<RegionDimension>("0d 00 00 00 80");
   EXPECT_TRUE(std::signbit(from.field_1()));
   EXPECT_EQ(from.ByteSizeLong(), 0u);
-  const RegionDimension copy(from);
+  const RegionDimension copy(from);  // NOLINT: a copy is what is tested.
   EXPECT_TRUE(std::signbit(copy.field_1()));
   RegionDimension to;
   to.set_field_1(2);
