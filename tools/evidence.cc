@@ -1,5 +1,6 @@
 #include "tools/evidence.h"
 
+#include <google/protobuf/io/coded_stream.h>
 #include <google/protobuf/wire_format_lite.h>
 
 #include <algorithm>
@@ -34,13 +35,16 @@ Varint ReadVarint(const uint8_t* p, const uint8_t* end) {
   uint64_t value = 0;
   for (int i = 0; i < 10 && p + i < end; ++i) {
     value |= static_cast<uint64_t>(p[i] & 0x7f) << (7 * i);
-    if (p[i] < 0x80) return {value, i + 1};
+    // Of a tenth byte only the lowest bit counts; more than that is overlong.
+    if (p[i] < 0x80) return {i == 9 && p[i] > 1 ? 0 : value, i + 1};
   }
   return {0, 0};
 }
 
 bool IsShortest(const Varint& varint) {
-  return varint.size == 1 || varint.value >> (7 * (varint.size - 1)) != 0;
+  return varint.size ==
+         static_cast<int>(google::protobuf::io::CodedOutputStream::VarintSize64(
+             varint.value));
 }
 
 // The size of a character of UTF-8 that is no control character, or 0.
@@ -246,7 +250,10 @@ class Weigher {
     if (field.kind == Kind::kBool) {
       Save(raw_bits, field.is_list ? 1 : 0);
     } else {
-      const double payload = varint.size == 10 ? 32 : 7.0 * varint.size;
+      // Ten bytes of a 32-bit kind are a negative number.
+      const bool is_negative32 =
+          varint.size == 10 && field.kind == Kind::kSigned32;
+      const double payload = is_negative32 ? 32 : 7.0 * varint.size;
       Save(raw_bits, std::min(raw_bits, payload + kSizeBits[varint.size]));
     }
     return p;
