@@ -16,18 +16,7 @@ foreach(stem IN LISTS VANTIRO_UNITS)
 endforeach()
 
 # The schema for programs that read records without the classes.
-set(descriptor_set "${PROJECT_BINARY_DIR}/schema.binpb")
-set(unit_files ${VANTIRO_UNITS})
-list(TRANSFORM unit_files PREPEND "${PROJECT_SOURCE_DIR}/schema/")
-list(TRANSFORM unit_files APPEND ".proto")
-add_custom_command(OUTPUT "${descriptor_set}"
-  COMMAND protobuf::protoc "-I${PROJECT_SOURCE_DIR}/schema"
-    "--descriptor_set_out=${descriptor_set}" ${unit_files}
-  DEPENDS ${unit_files}
-  COMMENT "Descriptor set of the schema"
-  VERBATIM)
-add_custom_target(vantiro_descriptor_set ALL DEPENDS "${descriptor_set}")
-install(FILES "${descriptor_set}"
+install(FILES "${VANTIRO_DESCRIPTOR_SET}"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/vantiro-protos" COMPONENT dev)
 
 configure_package_config_file(

@@ -45,7 +45,7 @@ void Count(const std::vector<Node>& nodes, Form* form) {
 }  // namespace
 
 Form FormOf(const Descriptor& type, std::string_view bytes) {
-  Form form = {};
+  Form form;
   const std::unique_ptr<google::protobuf::MessageLite> message =
       NewMessage(type.full_name());
   form.parses =

@@ -24,8 +24,8 @@ struct Peculiarity {
 
 struct Form {
   // By the library's own class.
-  bool parses;
-  bool is_canonical;
+  bool parses = false;
+  bool is_canonical = false;
   // Why it does not parse, as Fault::Text.
   std::string fault;
   // Why it is not canonical; and what is canonical but worth to be told:

@@ -1,4 +1,4 @@
-// The schema as a descriptor set, with source info.
+// The schema as a descriptor set, with its comments.
 
         .section .rodata
         .balign 16
