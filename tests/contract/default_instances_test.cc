@@ -21,9 +21,8 @@ namespace {
 
 using z3a_debug_data::z3abase::RegionDimension;
 
-// In a process of their own, in which nothing is set up yet.
+// In a process forked off before the other tests have set anything up.
 TEST(DefaultInstancesDeathTest, AreWholeAtFirstUse) {
-  testing::FLAGS_gtest_death_test_style = "threadsafe";
   const auto ask = [] {
     const RegionDimension& region = RegionDimension::default_instance();
     std::cerr << region.GetTypeName() << '\n';
@@ -38,7 +37,6 @@ TEST(DefaultInstancesDeathTest, AreWholeAtFirstUse) {
     std::exit(mixed.one().child().text().empty() ? 0 : 1);
   };
   EXPECT_EXIT(construct(), testing::ExitedWithCode(0), "vantiro.tests.Leaf");
-  testing::FLAGS_gtest_death_test_style = "fast";
 }
 
 TEST(DefaultInstances, MakeOrdinaryEmptyObjectsByNew) {
