@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -172,7 +173,7 @@ void Compare(int batches) {
 }  // namespace vantiro
 
 int main(int argc, char* argv[]) {
-  const long batches = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 100;
+  const int64_t batches = argc > 1 ? std::strtoll(argv[1], nullptr, 10) : 100;
   if (argc > 2 || batches < 1 || batches > 1000000) {
     std::fprintf(stderr, "usage: bench [BATCHES]\n");
     return 2;

@@ -48,9 +48,7 @@ std::string IndexPath(const std::string& path, size_t index) {
 }
 
 std::string UnknownHex(const Record& record) {
-  std::string bytes;
-  record.unknown.SerializeToString(&bytes);
-  return Hex(bytes);
+  return Hex(Serialize(record.unknown));
 }
 
 }  // namespace inspection

@@ -68,6 +68,8 @@ void AddZeros(Record* record);
 
 // The bytes that the class writes for these values.
 std::string Serialize(const Record& record);
+// The bytes of unknown fields alone.
+std::string Serialize(const google::protobuf::UnknownFieldSet& unknown);
 
 }  // namespace inspection
 }  // namespace vantiro

@@ -1,6 +1,6 @@
 #include "tools/schema.h"
 
-#include <google/protobuf/io/coded_stream.h>
+#include <google/protobuf/descriptor.pb.h>
 
 #include <algorithm>
 #include <cctype>
@@ -95,24 +95,14 @@ const Schema& Schema::BuiltIn() {
   return *schema;
 }
 
-Schema::Schema(const void* bytes, size_t size) : pool_(&database_) {
-  // A descriptor set is a list of files in field 1. The database takes each as
-  // it stands, so that nothing is decoded twice.
-  google::protobuf::io::CodedInputStream set(static_cast<const uint8_t*>(bytes),
-                                             static_cast<int>(size));
-  while (set.ReadTag() != 0) {
-    int file_size;
-    const void* file;
-    int at_hand;
-    if (!set.ReadVarintSizeAsInt(&file_size) ||
-        !set.GetDirectBufferPointer(&file, &at_hand) ||
-        !database_.Add(file, file_size) || !set.Skip(file_size)) {
-      throw std::logic_error("the built-in schema is damaged");
-    }
+Schema::Schema(const void* bytes, size_t size) {
+  google::protobuf::FileDescriptorSet set;
+  if (!set.ParseFromArray(bytes, static_cast<int>(size))) {
+    throw std::logic_error("the built-in schema is damaged");
   }
-  std::vector<std::string> names;
-  database_.FindAllFileNames(&names);
-  std::sort(names.begin(), names.end());
+  for (const auto& file : set.file()) pool_.BuildFile(file);
+  std::set<std::string> names;
+  for (const auto& file : set.file()) names.insert(file.name());
   for (const std::string& name : names) {
     const FileDescriptor* const unit = pool_.FindFileByName(name);
     units_.push_back(unit);

@@ -4,7 +4,6 @@
 #define VANTIRO_TOOLS_SCHEMA_H_
 
 #include <google/protobuf/descriptor.h>
-#include <google/protobuf/descriptor_database.h>
 
 #include <stdexcept>
 #include <string>
@@ -65,7 +64,6 @@ class Schema {
   void Collect(const Descriptor& message);
   static std::string Flow(const std::string& comment);
 
-  google::protobuf::EncodedDescriptorDatabase database_;
   google::protobuf::DescriptorPool pool_;
   std::vector<const FileDescriptor*> units_;
   std::vector<const Descriptor*> messages_;

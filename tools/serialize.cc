@@ -1,5 +1,6 @@
 #include <google/protobuf/io/coded_stream.h>
 #include <google/protobuf/io/zero_copy_stream_impl_lite.h>
+#include <google/protobuf/wire_format.h>
 
 #include "tools/record.h"
 #include "tools/scalar.h"
@@ -67,9 +68,18 @@ std::string Serialize(const Record& record) {
     CodedOutputStream output(&stream);
     for (const auto& entry : record.fields) WriteField(entry.second, &output);
   }
-  std::string unknown;
-  record.unknown.SerializeToString(&unknown);
-  return bytes + unknown;
+  return bytes + Serialize(record.unknown);
+}
+
+std::string Serialize(const google::protobuf::UnknownFieldSet& unknown) {
+  std::string bytes;
+  {
+    StringOutputStream stream(&bytes);
+    CodedOutputStream output(&stream);
+    google::protobuf::internal::WireFormat::SerializeUnknownFields(unknown,
+                                                                   &output);
+  }
+  return bytes;
 }
 
 }  // namespace inspection
