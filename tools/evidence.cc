@@ -147,8 +147,9 @@ class Weigher {
     if (field.wire_type == WireFormatLite::WIRETYPE_FIXED32) {
       return end - p < 4 ? nullptr : ReadFloat(p, !field.is_list);
     }
-    if (field.wire_type == WireFormatLite::WIRETYPE_VARINT)
+    if (field.wire_type == WireFormatLite::WIRETYPE_VARINT) {
       return ReadNumber(field, p, end);
+    }
     const Varint length = ReadVarint(p, end);
     if (length.size == 0 || !IsShortest(length)) return nullptr;
     p += length.size;

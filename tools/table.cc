@@ -20,7 +20,7 @@ void WriteTable(const std::vector<Row>& rows, const Style& style,
       line += row[i] + std::string(widths[i] - row[i].size() + 2, ' ');
     }
     line.erase(line.find_last_not_of(' ') + 1);
-    *out << (&row == &rows[0] ? style.Heading(line) : line) << '\n';
+    *out << (&row == rows.data() ? style.Heading(line) : line) << '\n';
   }
 }
 

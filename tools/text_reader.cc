@@ -75,7 +75,7 @@ class TextReader {
     error_.ThrowIfAny();
   }
   std::string Take() {
-    const std::string text = tokens_.current().text;
+    std::string text = tokens_.current().text;
     Next();
     return text;
   }

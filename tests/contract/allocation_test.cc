@@ -43,7 +43,7 @@ TYPED_TEST(AllocationOf, SizingAndWritingIsNone) {
   EXPECT_EQ(AllocationsOf([&] {
               message.ByteSizeLong();
               message.SerializeWithCachedSizesToArray(
-                  reinterpret_cast<uint8_t*>(&bytes[0]));
+                  reinterpret_cast<uint8_t*>(bytes.data()));
             }),
             0);
   EXPECT_EQ(ToHex(bytes), HexOf(message));

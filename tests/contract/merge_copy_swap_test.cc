@@ -78,7 +78,7 @@ TYPED_TEST(Taking, KeepsTheBitsOfFloatsButMergesNoZeroOfEitherSign) {
 
 TYPED_TEST(Taking, CreatesWhereTheTargetLies) {
   Arena source;
-  TypeParam* const from = FilledOn<TypeParam>(&source, 1);
+  auto* const from = FilledOn<TypeParam>(&source, 1);
   from->ByteSizeLong();
   Arena arena;
   TypeParam* const on_arena = TypeParam::default_instance().New(&arena);
@@ -171,7 +171,7 @@ TYPED_TEST(Taking, ByMoveTakesOverOnTheHeapAndCopiesAcrossArenas) {
   EXPECT_EQ(assigned.mutable_child(), child);
   EXPECT_EQ(HexOf(assigned), bytes);
   Arena arena;
-  TypeParam* const on_arena = FilledOn<TypeParam>(&arena, 2);
+  auto* const on_arena = FilledOn<TypeParam>(&arena, 2);
   *on_arena = std::move(assigned);
   EXPECT_EQ(HexOf(*on_arena), bytes);
   EXPECT_EQ(on_arena->child().GetArena(), on_arena->GetArena());

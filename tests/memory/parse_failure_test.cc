@@ -16,7 +16,7 @@
 using LossIsExpected = __lsan::ScopedDisabler;
 #else
 struct LossIsExpected {
-  LossIsExpected() {}
+  LossIsExpected() {}  // NOLINT: else the variable counts as unused.
 };
 #endif
 

@@ -87,9 +87,9 @@ TEST(SetUpWithoutMemory, EndsTheProcessAndLeavesNoTypeHalfBuilt) {
 }
 
 TEST(SetUpWithoutMemory, EndsTheProcessAndLeavesNoEnumHalfNamed) {
-  using namespace z3a_debug_data::z3abase;
+  namespace z3abase = z3a_debug_data::z3abase;
   const auto name = []() -> const std::string& {
-    return OperationModeType_Name(OPERATION_PREVIEW);
+    return z3abase::OperationModeType_Name(z3abase::OPERATION_PREVIEW);
   };
   ExpectTermination(name, [name] { return name() == "OPERATION_PREVIEW"; });
 }

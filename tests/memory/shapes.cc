@@ -63,8 +63,10 @@ Tree DenseTree(const std::string& type_name, double density) {
     const Tree sub = DenseTree(field.second.sub_name, density);
     const std::string bytes = Delimited(field.first, sub.bytes);
     const size_t held = sub.held + (field.second.is_list ? kFirstPointers : 0);
-    if (static_cast<double>(held) < density * static_cast<double>(bytes.size()))
+    if (static_cast<double>(held) <
+        density * static_cast<double>(bytes.size())) {
       continue;
+    }
     tree.bytes += bytes;
     tree.held += held;
   }
@@ -136,7 +138,7 @@ std::string BytesTag(int number) {
 std::string VarintBytes(uint64_t value) {
   uint8_t buffer[10];
   uint8_t* const end = CodedOutputStream::WriteVarint64ToArray(value, buffer);
-  return std::string(buffer, end);
+  return {buffer, end};
 }
 
 std::vector<Shape> BadShapes(const Type& type) {

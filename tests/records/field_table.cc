@@ -37,10 +37,10 @@ Value ToValue(const MessageLite& value) {
 // Becomes whatever number a setter takes.
 struct Argument {
   template <typename T>
-  operator T() const {
+  operator T() const {  // NOLINT(google-explicit-constructor)
     return static_cast<T>(value.number);
   }
-  operator float() const {
+  operator float() const {  // NOLINT(google-explicit-constructor)
     const auto bits = static_cast<uint32_t>(value.number);
     float result;
     std::memcpy(&result, &bits, sizeof(result));
@@ -54,10 +54,10 @@ struct Argument {
 #define FIELD(C, full_name, number, name, kind, type, is_repeated, set, get, \
               size_of)                                                       \
   {full_name,                                                                \
-   number,                                                                   \
    #name,                                                                    \
-   Kind::kind,                                                               \
    type,                                                                     \
+   number,                                                                   \
+   Kind::kind,                                                               \
    is_repeated,                                                              \
    [](MessageLite* message, const Value& value) {                            \
      auto* const m = static_cast<C*>(message);                               \

@@ -30,11 +30,11 @@ struct Value {
 
 struct Field {
   const char* message;
-  int number;
   const char* name;
-  Kind kind;
   // Of a record.
   const char* type;
+  int number;
+  Kind kind;
   bool is_repeated;
   // Sets the field, or adds an element.
   void (*set)(MessageLite* message, const Value& value);

@@ -8,6 +8,8 @@
 
 #include <array>
 #include <chrono>
+#include <cinttypes>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -53,13 +55,13 @@ constexpr bool kWatchesMemory = false;
 #else
 constexpr bool kWatchesMemory = true;
 #endif
-constexpr long kGrowthBound = 1024;
+constexpr int64_t kGrowthBound = 1024;
 
 // What of this process is in memory, in KiB.
-long ResidentSize() {
+int64_t ResidentSize() {
   std::ifstream statm("/proc/self/statm");
-  long all = 0;
-  long resident = 0;
+  int64_t all = 0;
+  int64_t resident = 0;
   statm >> all >> resident;
   return resident * (sysconf(_SC_PAGESIZE) / 1024);
 }
@@ -131,7 +133,7 @@ int Run(int records, double seconds) {
     return std::chrono::duration<double>(Clock::now() - start).count();
   };
   const int warm_up = records / 4;
-  long resident = 0;
+  int64_t resident = 0;
   size_t bytes = 0;
   Arena reused;
   int number = 0;
@@ -147,15 +149,16 @@ int Run(int records, double seconds) {
     }
     bytes += size;
   }
-  const long grown = ResidentSize() - resident;
+  const int64_t grown = ResidentSize() - resident;
   std::printf(
-      "soak: %d records of %zu roots, %.1f MiB, %.1f s; resident %ld KiB "
-      "after %d records, %+ld KiB at the end%s\n",
+      "soak: %d records of %zu roots, %.1f MiB, %.1f s; resident %" PRId64
+      " KiB after %d records, %+" PRId64 " KiB at the end%s\n",
       number, roots.size(), static_cast<double>(bytes) / (1 << 20), elapsed(),
       resident, warm_up, grown,
       kWatchesMemory ? "" : " (not judged under a sanitizer)");
   if (kWatchesMemory && grown > kGrowthBound) {
-    std::printf("soak: memory grew by more than %ld KiB\n", kGrowthBound);
+    std::printf("soak: memory grew by more than %" PRId64 " KiB\n",
+                kGrowthBound);
     return 1;
   }
   return 0;
@@ -166,11 +169,11 @@ int Run(int records, double seconds) {
 }  // namespace vantiro
 
 int main(int argc, char* argv[]) {
-  const int records = argc > 1 ? std::atoi(argv[1]) : 30000;
-  const double seconds = argc > 2 ? std::atof(argv[2]) : 3600;
-  if (records < 1 || seconds <= 0) {
+  const int64_t records = argc > 1 ? std::strtoll(argv[1], nullptr, 10) : 30000;
+  const double seconds = argc > 2 ? std::strtod(argv[2], nullptr) : 3600;
+  if (records < 1 || records > 1000000000 || seconds <= 0) {
     std::fprintf(stderr, "usage: soak [RECORDS [SECONDS]]\n");
     return 2;
   }
-  return vantiro::tests::Run(records, seconds);
+  return vantiro::tests::Run(static_cast<int>(records), seconds);
 }

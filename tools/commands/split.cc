@@ -43,12 +43,12 @@ void SplitFile(const Options& options, Session* session) {
   std::vector<Row> rows = {{"record", "offset", "size", "likely type"}};
   for (size_t i = 0; i < stream.records.size(); ++i) {
     const Span& span = stream.records[i];
-    const std::string_view record =
-        std::string_view(bytes).substr(span.offset, span.size);
+    const std::string_view record(bytes.data() + span.offset, span.size);
     char name[32];
     std::snprintf(name, sizeof(name), "%06zu.bin", i);
-    if (!options.folder.empty())
+    if (!options.folder.empty()) {
       WriteFile(fs::path(options.folder) / name, record);
+    }
     rows.push_back({options.folder.empty() ? std::to_string(i) : name,
                     std::to_string(span.offset), std::to_string(span.size),
                     LikelyType(record)});
