@@ -25,7 +25,6 @@ set(CPACK_DEBIAN_DEV_DESCRIPTION
   "Record types of a camera stack, headers and schema")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME vantiro-protos-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${same_version}")
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION
   "Record types of a camera stack, programs that read records")
 include(CPack)
