@@ -18,19 +18,23 @@ Progress::Progress(size_t total, bool is_quiet)
     : total_(total),
       is_shown_(!is_quiet && total >= kMany && isatty(STDERR_FILENO) != 0) {}
 
-Progress::~Progress() {
-  // Leaves the line as it was before the bar.
-  if (is_shown_) std::cerr << "\r\033[K";
-}
+Progress::~Progress() { Hide(); }
 
 void Progress::Show(size_t done) {
   const int percent = static_cast<int>(done * 100 / (total_ == 0 ? 1 : total_));
   if (!is_shown_ || percent == percent_) return;
   percent_ = percent;
+  std::cout.flush();
   const auto filled = static_cast<size_t>(percent * kWidth / 100);
   std::cerr << "\r[" << std::string(filled, '#')
             << std::string(kWidth - filled, '.') << "] " << done << " of "
             << total_ << std::flush;
+}
+
+void Progress::Hide() {
+  if (percent_ < 0) return;
+  percent_ = -1;
+  std::cerr << "\r\033[K" << std::flush;
 }
 
 }  // namespace inspection

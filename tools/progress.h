@@ -19,6 +19,8 @@ class Progress {
   Progress& operator=(const Progress&) = delete;
 
   void Show(size_t done);
+  // Leaves the line to other output until it is shown again.
+  void Hide();
 
  private:
   const size_t total_;

@@ -8,6 +8,7 @@
 #include "tools/annotation.h"
 #include "tools/annotation_page.h"
 #include "tools/commands/session.h"
+#include "tools/pager.h"
 
 namespace vantiro {
 namespace inspection {
@@ -43,7 +44,9 @@ void Annotate(const Options& options, Session* session) {
   session->NoteType(options.file, options.type, type);
   const RecordTree tree = ReadRecord(type, bytes);
   if (options.page.empty()) {
-    WriteAnnotation(tree, session->style(), &std::cout);
+    WritePaged([&](std::ostream* out) {
+      WriteAnnotation(tree, session->style(), out);
+    });
   } else {
     WritePage(options, tree);
   }
@@ -70,7 +73,7 @@ void AddAnnotate(CLI::App* program, Session* session) {
   command->footer(
       "Tag, length and value stand two spaces apart. What is peculiar is "
       "marked\n"
-      "with <-.\n\n"
+      "with <-. On a terminal it comes by the command in PAGER, or less.\n\n"
       "Example:\n"
       "  echo '08 05 12 04 08 80 01 15' |\n"
       "    vantiro-records annotate --hex --type ZAfSmartRoi -");

@@ -69,6 +69,7 @@ class Checker {
       threads.emplace_back([this, &progress] { Work(&progress); });
     }
     for (std::thread& thread : threads) thread.join();
+    progress.Hide();
     if (!session_.quiet() && !options_.json) WriteSummary();
   }
 
@@ -81,6 +82,7 @@ class Checker {
       const std::lock_guard<std::mutex> lock(mutex_);
       waiting_.emplace(i, std::move(result));
       while (!waiting_.empty() && waiting_.begin()->first == done_) {
+        progress->Hide();
         Write(options_.files[done_], waiting_.begin()->second);
         waiting_.erase(waiting_.begin());
         progress->Show(++done_);

@@ -47,6 +47,7 @@ class Decoder {
     WriteCsvHead();
     Progress progress(options_.files.size(), session_.quiet());
     for (size_t i = 0; i < options_.files.size(); ++i) {
+      progress.Hide();
       try {
         Decode(options_.files[i]);
       } catch (const UsageError& error) {

@@ -30,7 +30,7 @@ void ScanFile(const Options& options, Session* session) {
   const std::vector<Find> finds =
       Scan(Schema::BuiltIn().roots(), bytes, options.least,
            [&progress](size_t done) { progress.Show(done); });
-  progress.Show(bytes.size());
+  progress.Hide();
   std::vector<Row> rows = {{"offset", "hex", "size", "score", "type"}};
   for (const Find& find : finds) {
     rows.push_back({std::to_string(find.offset), HexOffset(find.offset),
