@@ -5,7 +5,8 @@ file(REMOVE_RECURSE "${SCRATCH}")
 # The second prefix is set in a tree that has known another, as people do.
 foreach(prefix IN ITEMS /usr /opt/vantiro /usr)
   execute_process(
-    COMMAND ${CMAKE_COMMAND} -S "${SOURCE}" -B "${SCRATCH}" -DVANTIRO_TESTS=OFF
+    COMMAND ${CMAKE_COMMAND} -S "${SOURCE}" -B "${SCRATCH}" -G "${GENERATOR}"
+      -DVANTIRO_TESTS=OFF
       "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_INSTALL_PREFIX=${prefix}"
     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
   file(READ "${SCRATCH}/lib/cmake_install.cmake" script)
