@@ -59,11 +59,8 @@ void AddAnnotate(CLI::App* program, Session* session) {
   CLI::App* const command = program->add_subcommand(
       "annotate", "Show every byte of a record beside the field it belongs to");
   const auto options = std::make_shared<Options>();
-  command->add_option("file", options->file, "The record; - is standard input")
-      ->required()
-      ->type_name("FILE");
-  command->add_option("-t,--type", options->type, "Its type")
-      ->type_name("TYPE");
+  Session::AddFile(command, "The record", &options->file);
+  Session::AddType(command, "Its type", &options->type);
   command
       ->add_option("--html", options->page,
                    "Write a page for a browser there instead; - is standard "

@@ -171,13 +171,10 @@ void AddCheck(CLI::App* program, Session* session) {
   CLI::App* const command = program->add_subcommand(
       "check", "Tell whether records stand as the library writes them");
   const auto options = std::make_shared<Options>();
-  command->add_option("files", options->files, "Records; - is standard input")
-      ->required()
-      ->type_name("FILE");
-  command
-      ->add_option("-t,--type", options->type,
-                   "The records' type; without it each one's likeliest root")
-      ->type_name("TYPE");
+  Session::AddFiles(command, &options->files);
+  Session::AddType(command,
+                   "The records' type; without it each one's likeliest root",
+                   &options->type);
   command->add_flag("--json", options->json, "A line of JSON for each record");
   session->AddInputOptions(command);
   command->footer(

@@ -174,11 +174,8 @@ void AddDecode(CLI::App* program, Session* session) {
   CLI::App* const command = program->add_subcommand(
       "decode", "Show what records hold, also damaged ones as far as they go");
   const auto options = std::make_shared<Options>();
-  command->add_option("files", options->files, "Records; - is standard input")
-      ->required()
-      ->type_name("FILE");
-  command->add_option("-t,--type", options->type, "The records' type")
-      ->type_name("TYPE");
+  Session::AddFiles(command, &options->files);
+  Session::AddType(command, "The records' type", &options->type);
   command
       ->add_option("-f,--format", options->format,
                    "text (encode reads it), json (encode reads it), tree (an "

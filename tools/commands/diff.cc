@@ -67,8 +67,7 @@ void AddDiff(CLI::App* program, Session* session) {
   command->add_option("after", options->after, "The other one")
       ->required()
       ->type_name("B");
-  command->add_option("-t,--type", options->type, "The records' type")
-      ->type_name("TYPE");
+  Session::AddType(command, "The records' type", &options->type);
   command
       ->add_option("--tolerance", options->tolerance,
                    "How far floats may lie apart and count as equal")

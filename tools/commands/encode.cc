@@ -30,9 +30,7 @@ void AddEncode(CLI::App* program, Session* /*session*/) {
   const auto options = std::make_shared<Options>();
   command->add_option("file", options->file, "The text; - is standard input")
       ->type_name("FILE");
-  command->add_option("-t,--type", options->type, "The record's type")
-      ->required()
-      ->type_name("TYPE");
+  Session::AddType(command, "The record's type", &options->type)->required();
   command->add_option("--from", options->from, "Its format: text or json")
       ->check(CLI::IsMember({"text", "json"}))
       ->type_name("FORMAT");

@@ -61,9 +61,7 @@ void AddIdentify(CLI::App* program, Session* session) {
   CLI::App* const command = program->add_subcommand(
       "identify", "Rank the types by how well a record's bytes fit them");
   const auto options = std::make_shared<Options>();
-  command->add_option("file", options->file, "The record; - is standard input")
-      ->required()
-      ->type_name("FILE");
+  Session::AddFile(command, "The record", &options->file);
   command->add_flag("--all", options->all,
                     "Try all types, not only the sixteen roots");
   command->add_option("-n,--most", options->most, "Show so many types (5)")

@@ -48,9 +48,7 @@ void AddScan(CLI::App* program, Session* session) {
   CLI::App* const command = program->add_subcommand(
       "scan", "Find records inside a larger file: an image, a log, a dump");
   const auto options = std::make_shared<Options>();
-  command->add_option("file", options->file, "The file; - is standard input")
-      ->required()
-      ->type_name("FILE");
+  Session::AddFile(command, "The file", &options->file);
   command
       ->add_option("--least", options->least,
                    "Leave out what scores less, in bits (48)")

@@ -43,6 +43,24 @@ std::string FromHexText(const std::string& text, const std::string& file) {
 
 }  // namespace
 
+void Session::AddFile(CLI::App* command, const char* what, std::string* file) {
+  command
+      ->add_option("file", *file, std::string(what) + "; - is standard input")
+      ->required()
+      ->type_name("FILE");
+}
+
+void Session::AddFiles(CLI::App* command, std::vector<std::string>* files) {
+  command->add_option("files", *files, "Records; - is standard input")
+      ->required()
+      ->type_name("FILE");
+}
+
+CLI::Option* Session::AddType(CLI::App* command, const char* what,
+                              std::string* type) {
+  return command->add_option("-t,--type", *type, what)->type_name("TYPE");
+}
+
 void Session::AddOutputOptions(CLI::App* command) {
   command
       ->add_option("--color", color_,

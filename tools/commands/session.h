@@ -7,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "tools/record_tree.h"
 #include "tools/schema.h"
@@ -26,6 +27,12 @@ enum ExitStatus { kFine = 0, kFound = 1, kWrongUse = 2 };
 
 class Session {
  public:
+  // Adds the files to read, which have to be given; `what` says what they are.
+  static void AddFile(CLI::App* command, const char* what, std::string* file);
+  static void AddFiles(CLI::App* command, std::vector<std::string>* files);
+  // Adds --type.
+  static CLI::Option* AddType(CLI::App* command, const char* what,
+                              std::string* type);
   // Adds --color and --quiet.
   void AddOutputOptions(CLI::App* command);
   // Adds --hex, and those of AddOutputOptions.

@@ -6,24 +6,11 @@
 #include "tools/commands/session.h"
 #include "tools/scalar.h"
 #include "tools/table.h"
+#include "tools/wire_tag.h"
 
 namespace vantiro {
 namespace inspection {
 namespace {
-
-using google::protobuf::internal::WireFormatLite;
-
-// The bytes of the tag that the library writes.
-std::string TagHex(const FieldDescriptor& field) {
-  const auto declared = static_cast<WireFormatLite::FieldType>(field.type());
-  const uint32_t tag = WireFormatLite::MakeTag(
-      field.number(), field.is_packed()
-                          ? WireFormatLite::WIRETYPE_LENGTH_DELIMITED
-                          : WireFormatLite::WireTypeForFieldType(declared));
-  if (tag < 0x80) return Hex(std::string(1, static_cast<char>(tag)));
-  return Hex(std::string(1, static_cast<char>(tag | 0x80))) + ' ' +
-         Hex(std::string(1, static_cast<char>(tag >> 7)));
-}
 
 std::string Kind(const FieldDescriptor& field) {
   std::string kind = field.type_name();
@@ -54,8 +41,8 @@ void ShowMessage(const Descriptor& message, const Style& style) {
   std::vector<Row> rows = {{"no.", "tag", "name", "kind", "comment"}};
   for (int i = 0; i < message.field_count(); ++i) {
     const FieldDescriptor& field = *message.field(i);
-    rows.push_back({std::to_string(field.number()), TagHex(field), field.name(),
-                    Kind(field), Schema::Comment(field)});
+    rows.push_back({std::to_string(field.number()), WireTag(field),
+                    field.name(), Kind(field), Schema::Comment(field)});
   }
   std::cout << '\n';
   WriteTable(rows, style, &std::cout);

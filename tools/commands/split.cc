@@ -63,9 +63,7 @@ void AddSplit(CLI::App* program, Session* session) {
   CLI::App* const command = program->add_subcommand(
       "split", "Take apart a stream of records behind their lengths");
   const auto options = std::make_shared<Options>();
-  command->add_option("file", options->file, "The stream; - is standard input")
-      ->required()
-      ->type_name("FILE");
+  Session::AddFile(command, "The stream", &options->file);
   command
       ->add_option(
           "-o,--out", options->folder,

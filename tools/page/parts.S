@@ -6,6 +6,7 @@
         .globl vantiro_annotation_script_begin
         .globl vantiro_annotation_script_end
 vantiro_annotation_style_begin:
+        .incbin "palette.css"
         .incbin "annotation.css"
 vantiro_annotation_style_end:
         .byte 0

@@ -56,16 +56,19 @@ bool WritePages(const reference::SchemaSet& schema,
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 5) {
-    std::cerr << "usage: make_reference DESCRIPTOR_SET STYLE SCRIPT FOLDER\n";
+  if (argc != 6) {
+    std::cerr << "usage: make_reference DESCRIPTOR_SET PALETTE STYLE SCRIPT "
+                 "FOLDER\n";
     return 2;
   }
   reference::SchemaSet schema;
   reference::PageParts parts;
-  if (!Load(argv[1], &schema) || !Read(argv[2], &parts.style) ||
-      !Read(argv[3], &parts.script)) {
+  std::string palette;
+  if (!Load(argv[1], &schema) || !Read(argv[2], &palette) ||
+      !Read(argv[3], &parts.style) || !Read(argv[4], &parts.script)) {
     return 1;
   }
+  parts.style.insert(0, palette);
   parts.search_index = reference::SearchIndex(schema);
-  return WritePages(schema, parts, argv[4]) ? 0 : 1;
+  return WritePages(schema, parts, argv[5]) ? 0 : 1;
 }

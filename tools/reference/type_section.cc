@@ -5,7 +5,7 @@
 #include "tools/reference/links.h"
 #include "tools/reference/tree.h"
 #include "tools/reference/tree_picture.h"
-#include "tools/reference/wire_tag.h"
+#include "tools/wire_tag.h"
 
 namespace vantiro {
 namespace reference {
@@ -50,8 +50,8 @@ std::string FieldRow(const FieldDescriptor* field) {
                {"number", to_string(field->number())},
                {"name", field->name()},
                {"kind", Kind(field)},
-               {"tag", WireTag(field)},
-               {"wire_type", WireTypeName(field)},
+               {"tag", inspection::WireTag(*field)},
+               {"wire_type", inspection::WireTypeName(*field)},
                {"note", NoteRow(Paragraphs(CommentOf(field), field->file(),
                                            field->containing_type()),
                                 3)}},

@@ -1,4 +1,4 @@
-#include "tools/reference/wire_tag.h"
+#include "tools/wire_tag.h"
 
 #include <google/protobuf/io/coded_stream.h>
 #include <google/protobuf/wire_format.h>
@@ -7,18 +7,18 @@
 #include <cstdint>
 
 namespace vantiro {
-namespace reference {
+namespace inspection {
 
 using google::protobuf::FieldDescriptor;
 using google::protobuf::internal::WireFormat;
 using google::protobuf::internal::WireFormatLite;
 
-std::string WireTag(const FieldDescriptor* field) {
+std::string WireTag(const FieldDescriptor& field) {
   constexpr char kDigits[] = "0123456789abcdef";
   uint8_t bytes[5];
   const uint8_t* end =
       google::protobuf::io::CodedOutputStream::WriteVarint32ToArray(
-          WireFormat::MakeTag(field), bytes);
+          WireFormat::MakeTag(&field), bytes);
   std::string hex;
   for (const uint8_t* byte = bytes; byte != end; ++byte) {
     if (!hex.empty()) hex += ' ';
@@ -28,8 +28,8 @@ std::string WireTag(const FieldDescriptor* field) {
   return hex;
 }
 
-std::string WireTypeName(const FieldDescriptor* field) {
-  switch (WireFormatLite::GetTagWireType(WireFormat::MakeTag(field))) {
+std::string WireTypeName(const FieldDescriptor& field) {
+  switch (WireFormatLite::GetTagWireType(WireFormat::MakeTag(&field))) {
     case WireFormatLite::WIRETYPE_VARINT:
       return "varint";
     case WireFormatLite::WIRETYPE_FIXED64:
@@ -41,5 +41,5 @@ std::string WireTypeName(const FieldDescriptor* field) {
   }
 }
 
-}  // namespace reference
+}  // namespace inspection
 }  // namespace vantiro
