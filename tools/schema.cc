@@ -86,6 +86,14 @@ void AppendNames(const std::vector<const T*>& types, const std::string& part,
                   "; say which one:" + Listed(names));
 }
 
+template <typename T>
+const Schema::Fields& FieldsOf(const std::map<const T*, Schema::Fields>& fields,
+                               const T& type) {
+  static const auto* const none = new Schema::Fields();
+  const auto found = fields.find(&type);
+  return found == fields.end() ? *none : found->second;
+}
+
 }  // namespace
 
 const Schema& Schema::BuiltIn() {
@@ -113,15 +121,29 @@ Schema::Schema(const void* bytes, size_t size) {
       enums_.push_back(unit->enum_type(i));
     }
   }
-  std::set<const Descriptor*> carried;
+  for (const Descriptor* const message : messages_) NoteFields(*message);
   for (const Descriptor* const message : messages_) {
-    for (int i = 0; i < message->field_count(); ++i) {
-      carried.insert(message->field(i)->message_type());
+    if (CarriersOf(*message).empty()) roots_.push_back(message);
+  }
+}
+
+void Schema::NoteFields(const Descriptor& message) {
+  for (int i = 0; i < message.field_count(); ++i) {
+    const FieldDescriptor* const field = message.field(i);
+    if (field->message_type() != nullptr) {
+      carriers_[field->message_type()].push_back(field);
+    } else if (field->enum_type() != nullptr) {
+      users_[field->enum_type()].push_back(field);
     }
   }
-  for (const Descriptor* const message : messages_) {
-    if (carried.count(message) == 0) roots_.push_back(message);
-  }
+}
+
+const Schema::Fields& Schema::CarriersOf(const Descriptor& message) const {
+  return FieldsOf(carriers_, message);
+}
+
+const Schema::Fields& Schema::UsersOf(const EnumDescriptor& enumeration) const {
+  return FieldsOf(users_, enumeration);
 }
 
 void Schema::Collect(const Descriptor& message) {

@@ -5,6 +5,7 @@
 
 #include <google/protobuf/descriptor.h>
 
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -32,6 +33,8 @@ struct NamedType {
 
 class Schema {
  public:
+  using Fields = std::vector<const FieldDescriptor*>;
+
   // The built-in schema. Built at the first call, from any thread.
   static const Schema& BuiltIn();
 
@@ -41,6 +44,10 @@ class Schema {
   // of the units and of declaration.
   const std::vector<const Descriptor*>& messages() const { return messages_; }
   const std::vector<const EnumDescriptor*>& enums() const { return enums_; }
+  // The fields whose type `message` or `enumeration` is, in the order of
+  // `messages`.
+  const Fields& CarriersOf(const Descriptor& message) const;
+  const Fields& UsersOf(const EnumDescriptor& enumeration) const;
   // The messages that no other carries, in the order of `messages`.
   const std::vector<const Descriptor*>& roots() const { return roots_; }
 
@@ -62,6 +69,7 @@ class Schema {
  private:
   Schema(const void* bytes, size_t size);
   void Collect(const Descriptor& message);
+  void NoteFields(const Descriptor& message);
   static std::string Flow(const std::string& comment);
 
   google::protobuf::DescriptorPool pool_;
@@ -69,6 +77,8 @@ class Schema {
   std::vector<const Descriptor*> messages_;
   std::vector<const EnumDescriptor*> enums_;
   std::vector<const Descriptor*> roots_;
+  std::map<const Descriptor*, Fields> carriers_;
+  std::map<const EnumDescriptor*, Fields> users_;
 };
 
 }  // namespace inspection

@@ -28,16 +28,12 @@ void WriteHead(const T& type, const char* what, const Style& style) {
 
 void ShowMessage(const Descriptor& message, const Style& style) {
   WriteHead(message, "message", style);
-  bool is_root = true;
-  for (const Descriptor* const other : Schema::BuiltIn().messages()) {
-    for (int i = 0; i < other->field_count(); ++i) {
-      if (other->field(i)->message_type() != &message) continue;
-      std::cout << "  carried by " << other->full_name() << ", field "
-                << other->field(i)->number() << '\n';
-      is_root = false;
-    }
+  const auto& carriers = Schema::BuiltIn().CarriersOf(message);
+  for (const FieldDescriptor* const carrier : carriers) {
+    std::cout << "  carried by " << carrier->containing_type()->full_name()
+              << ", field " << carrier->number() << '\n';
   }
-  if (is_root) std::cout << "  a root: no other message carries it\n";
+  if (carriers.empty()) std::cout << "  a root: no other message carries it\n";
   std::vector<Row> rows = {{"no.", "tag", "name", "kind", "comment"}};
   for (int i = 0; i < message.field_count(); ++i) {
     const FieldDescriptor& field = *message.field(i);

@@ -1,7 +1,5 @@
 // Writes the schema reference: a front page and one page for each unit.
 
-#include <google/protobuf/descriptor.pb.h>
-
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -9,8 +7,8 @@
 
 #include "tools/reference/links.h"
 #include "tools/reference/page.h"
-#include "tools/reference/schema_set.h"
 #include "tools/reference/search_index.h"
+#include "tools/schema.h"
 
 namespace {
 
@@ -33,16 +31,7 @@ bool Write(const std::string& path, const std::string& content) {
   return false;
 }
 
-bool Load(const std::string& path, reference::SchemaSet* schema) {
-  std::string bytes;
-  if (!Read(path, &bytes)) return false;
-  google::protobuf::FileDescriptorSet files;
-  if (files.ParseFromString(bytes) && schema->Build(files)) return true;
-  std::cerr << "make_reference: " << path << " is no whole descriptor set\n";
-  return false;
-}
-
-bool WritePages(const reference::SchemaSet& schema,
+bool WritePages(const vantiro::inspection::Schema& schema,
                 const reference::PageParts& parts, const std::string& folder) {
   for (const auto* unit : schema.units()) {
     if (!Write(folder + "/" + reference::PageOf(unit),
@@ -56,19 +45,18 @@ bool WritePages(const reference::SchemaSet& schema,
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 6) {
-    std::cerr << "usage: make_reference DESCRIPTOR_SET PALETTE STYLE SCRIPT "
-                 "FOLDER\n";
+  if (argc != 5) {
+    std::cerr << "usage: make_reference PALETTE STYLE SCRIPT FOLDER\n";
     return 2;
   }
-  reference::SchemaSet schema;
+  const auto& schema = vantiro::inspection::Schema::BuiltIn();
   reference::PageParts parts;
   std::string palette;
-  if (!Load(argv[1], &schema) || !Read(argv[2], &palette) ||
-      !Read(argv[3], &parts.style) || !Read(argv[4], &parts.script)) {
+  if (!Read(argv[1], &palette) || !Read(argv[2], &parts.style) ||
+      !Read(argv[3], &parts.script)) {
     return 1;
   }
   parts.style.insert(0, palette);
   parts.search_index = reference::SearchIndex(schema);
-  return WritePages(schema, parts, argv[5]) ? 0 : 1;
+  return WritePages(schema, parts, argv[4]) ? 0 : 1;
 }

@@ -8,6 +8,7 @@
 #include "tools/reference/tree.h"
 #include "tools/reference/tree_picture.h"
 #include "tools/reference/type_section.h"
+#include "tools/reference/unit_types.h"
 
 namespace vantiro {
 namespace reference {
@@ -24,7 +25,8 @@ std::string Count(size_t count, const std::string& noun) {
 }
 
 // The units, and below the one shown what stands on its page.
-std::string Contents(const SchemaSet& schema, const FileDescriptor* shown) {
+std::string Contents(const inspection::Schema& schema,
+                     const FileDescriptor* shown) {
   std::string items;
   for (const FileDescriptor* unit : schema.units()) {
     std::string types;
@@ -50,7 +52,7 @@ std::string Contents(const SchemaSet& schema, const FileDescriptor* shown) {
   return items;
 }
 
-std::string Page(const SchemaSet& schema, const FileDescriptor* shown,
+std::string Page(const inspection::Schema& schema, const FileDescriptor* shown,
                  const std::string& title, const std::string& content,
                  const PageParts& parts) {
   return Fill(
@@ -135,7 +137,7 @@ std::string UnitRow(const FileDescriptor* unit) {
               )");
 }
 
-std::string Totals(const SchemaSet& schema) {
+std::string Totals(const inspection::Schema& schema) {
   size_t messages = 0;
   size_t enums = 0;
   size_t fields = 0;
@@ -163,7 +165,8 @@ std::string UnitList(const std::string& label,
 }
 
 // What the unit imports, and who imports it.
-std::string Neighbours(const SchemaSet& schema, const FileDescriptor* unit) {
+std::string Neighbours(const inspection::Schema& schema,
+                       const FileDescriptor* unit) {
   std::vector<const FileDescriptor*> imported;
   std::vector<const FileDescriptor*> importing;
   for (int i = 0; i < unit->dependency_count(); ++i) {
@@ -184,9 +187,10 @@ std::string Titled(const std::string& title, const std::string& sections) {
 
 }  // namespace
 
-std::string FrontPage(const SchemaSet& schema, const PageParts& parts) {
+std::string FrontPage(const inspection::Schema& schema,
+                      const PageParts& parts) {
   std::string cards;
-  const SchemaSet::Messages roots = schema.Roots();
+  const Messages& roots = schema.roots();
   for (const Descriptor* root : roots) cards += RootCard(root);
   std::string units;
   for (const FileDescriptor* unit : schema.units()) units += UnitRow(unit);
@@ -213,8 +217,8 @@ std::string FrontPage(const SchemaSet& schema, const PageParts& parts) {
   return Page(schema, nullptr, "Vantiro record types", content, parts);
 }
 
-std::string UnitPage(const SchemaSet& schema, const FileDescriptor* unit,
-                     const PageParts& parts) {
+std::string UnitPage(const inspection::Schema& schema,
+                     const FileDescriptor* unit, const PageParts& parts) {
   std::string messages;
   for (const Descriptor* message : MessagesOf(unit)) {
     messages += MessageSection(schema, message);

@@ -7,7 +7,7 @@
 
 #include <string>
 
-#include "tools/reference/schema_set.h"
+#include "tools/schema.h"
 
 namespace vantiro {
 namespace reference {
@@ -19,8 +19,8 @@ struct PageParts {
   std::string search_index;
 };
 
-std::string FrontPage(const SchemaSet& schema, const PageParts& parts);
-std::string UnitPage(const SchemaSet& schema,
+std::string FrontPage(const inspection::Schema& schema, const PageParts& parts);
+std::string UnitPage(const inspection::Schema& schema,
                      const google::protobuf::FileDescriptor* unit,
                      const PageParts& parts);
 

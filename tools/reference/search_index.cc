@@ -1,6 +1,7 @@
 #include "tools/reference/search_index.h"
 
 #include "tools/reference/links.h"
+#include "tools/reference/unit_types.h"
 
 namespace vantiro {
 namespace reference {
@@ -41,7 +42,7 @@ std::string EntryOf(const EnumDescriptor* type) {
 
 }  // namespace
 
-std::string SearchIndex(const SchemaSet& schema) {
+std::string SearchIndex(const inspection::Schema& schema) {
   std::string entries;
   for (const FileDescriptor* unit : schema.units()) {
     for (const Descriptor* message : MessagesOf(unit)) {

@@ -5,14 +5,14 @@
 
 #include <string>
 
-#include "tools/reference/schema_set.h"
+#include "tools/schema.h"
 
 namespace vantiro {
 namespace reference {
 
 // A JSON list of all types: the unit's stem, the last part of the package,
 // "message" or "enum", the name, and the names of its fields or values.
-std::string SearchIndex(const SchemaSet& schema);
+std::string SearchIndex(const inspection::Schema& schema);
 
 }  // namespace reference
 }  // namespace vantiro

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "tools/reference/schema_set.h"
+#include "tools/reference/unit_types.h"
 
 namespace vantiro {
 namespace reference {

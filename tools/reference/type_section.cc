@@ -5,6 +5,7 @@
 #include "tools/reference/links.h"
 #include "tools/reference/tree.h"
 #include "tools/reference/tree_picture.h"
+#include "tools/reference/unit_types.h"
 #include "tools/wire_tag.h"
 
 namespace vantiro {
@@ -92,8 +93,7 @@ std::string ValueRow(const EnumValueDescriptor* value) {
       )");
 }
 
-std::string Carriers(const std::string& heading,
-                     const SchemaSet::Fields& fields,
+std::string Carriers(const std::string& heading, const Fields& fields,
                      const FileDescriptor* unit) {
   if (fields.empty()) return "";
   std::string items;
@@ -153,9 +153,10 @@ std::string Section(const std::string& keyword, const std::string& mark,
 
 }  // namespace
 
-std::string MessageSection(const SchemaSet& schema, const Descriptor* message) {
+std::string MessageSection(const inspection::Schema& schema,
+                           const Descriptor* message) {
   const FileDescriptor* unit = message->file();
-  const SchemaSet::Fields& carriers = schema.CarriersOf(message);
+  const Fields& carriers = schema.CarriersOf(*message);
   const bool is_root = carriers.empty();
   return Section("message", is_root ? " <span class=\"mark\">root</span>" : "",
                  NameInUnit(message), message->full_name(),
@@ -164,7 +165,8 @@ std::string MessageSection(const SchemaSet& schema, const Descriptor* message) {
                      (is_root ? RootTree(message) : "") + FieldTable(message));
 }
 
-std::string EnumSection(const SchemaSet& schema, const EnumDescriptor* type) {
+std::string EnumSection(const inspection::Schema& schema,
+                        const EnumDescriptor* type) {
   std::string rows;
   for (int i = 0; i < type->value_count(); ++i) {
     rows += ValueRow(type->value(i));
@@ -172,7 +174,7 @@ std::string EnumSection(const SchemaSet& schema, const EnumDescriptor* type) {
   const FileDescriptor* unit = type->file();
   return Section("enum", "", NameInUnit(type), type->full_name(),
                  Paragraphs(CommentOf(type), unit, nullptr) +
-                     Carriers("Used by", schema.UsersOf(type), unit) +
+                     Carriers("Used by", schema.UsersOf(*type), unit) +
                      Fill({{"rows", rows}}, R"(
                      <table class="values">
                      <thead><tr><th scope="col" class="number">No.</th><th scope="col">Value</th></tr></thead>

@@ -7,14 +7,14 @@
 
 #include <string>
 
-#include "tools/reference/schema_set.h"
+#include "tools/schema.h"
 
 namespace vantiro {
 namespace reference {
 
-std::string MessageSection(const SchemaSet& schema,
+std::string MessageSection(const inspection::Schema& schema,
                            const google::protobuf::Descriptor* message);
-std::string EnumSection(const SchemaSet& schema,
+std::string EnumSection(const inspection::Schema& schema,
                         const google::protobuf::EnumDescriptor* type);
 
 }  // namespace reference
