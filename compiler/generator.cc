@@ -5,9 +5,9 @@
 
 #include <memory>
 
-#include "compiler/file.h"
+#include "compiler/file_generator.h"
 #include "compiler/names.h"
-#include "compiler/support.h"
+#include "compiler/validator.h"
 
 namespace vantiro {
 namespace compiler {

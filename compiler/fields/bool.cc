@@ -4,7 +4,7 @@ namespace vantiro {
 namespace compiler {
 
 std::string BoolField::Parse() const {
-  return ParseWhenTag("frame::ReadVarintField<frame::Bool>(p + " +
+  return ParseWhenTag("internal::ReadVarintField<internal::Bool>(p + " +
                       holes().at("tag_size") + ", end, &self->scalars_." +
                       descriptor()->name() + ")");
 }

@@ -21,7 +21,7 @@ class BoolField : public ScalarField {
 
  protected:
   std::string ValueSize() const override { return "1"; }
-  std::string WriteValue() const override { return "frame::WriteTrue(p)"; }
+  std::string WriteValue() const override { return "internal::WriteTrue(p)"; }
 };
 
 }  // namespace compiler

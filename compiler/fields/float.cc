@@ -4,11 +4,11 @@ namespace vantiro {
 namespace compiler {
 
 std::string FloatField::WriteValue() const {
-  return "frame::WriteFloat(p, scalars_." + descriptor()->name() + ")";
+  return "internal::WriteFloat(p, scalars_." + descriptor()->name() + ")";
 }
 
 std::string FloatField::Parse() const {
-  return ParseWhenTag("frame::ReadFloat(p + " + holes().at("tag_size") +
+  return ParseWhenTag("internal::ReadFloat(p + " + holes().at("tag_size") +
                       ", end, &self->scalars_." + descriptor()->name() + ")");
 }
 

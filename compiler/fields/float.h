@@ -23,7 +23,7 @@ class FloatField : public ScalarField {
 
  protected:
   std::string IsNonZero(const std::string& value) const override {
-    return "frame::IsNonZero(" + value + ")";
+    return "internal::IsNonZero(" + value + ")";
   }
   std::string ValueSize() const override { return "4"; }
   std::string WriteValue() const override;

@@ -190,13 +190,13 @@ std::string MessageField::ByteSize() const {
 std::string MessageField::Serialize() const {
   return Fill(holes(), R"(
       if (has_$name$()) {
-        p = frame::WriteMessage<$tag_value$>(p, _Internal::$name$(this), writer);
+        p = internal::WriteMessage<$tag_value$>(p, _Internal::$name$(this), writer);
       }
   )");
 }
 
 std::string MessageField::Parse() const {
-  return ParseWhenTag("frame::ReadMessage(p + " + holes().at("tag_size") +
+  return ParseWhenTag("internal::ReadMessage(p + " + holes().at("tag_size") +
                       ", end, self->mutable_" + descriptor()->name() +
                       "(), state)");
 }

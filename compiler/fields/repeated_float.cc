@@ -9,15 +9,15 @@ std::string RepeatedFloatField::PayloadSize() const {
 }
 
 std::string RepeatedFloatField::WriteFunction() const {
-  return "frame::WritePackedFloats<" + holes().at("tag_value") + ">";
+  return "internal::WritePackedFloats<" + holes().at("tag_value") + ">";
 }
 
 std::string RepeatedFloatField::ReadPackedFunction() const {
-  return "frame::ReadPackedFloats";
+  return "internal::ReadPackedFloats";
 }
 
 std::string RepeatedFloatField::ReadUnpackedFunction() const {
-  return "frame::ReadUnpackedFloats";
+  return "internal::ReadUnpackedFloats";
 }
 
 }  // namespace compiler

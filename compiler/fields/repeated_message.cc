@@ -92,13 +92,13 @@ std::string RepeatedMessageField::ByteSize() const {
 std::string RepeatedMessageField::Serialize() const {
   return Fill(holes(), R"(
       for (const $Sub$& element : $name$_) {
-        p = frame::WriteMessage<$tag_value$>(p, element, writer);
+        p = internal::WriteMessage<$tag_value$>(p, element, writer);
       }
   )");
 }
 
 std::string RepeatedMessageField::Parse() const {
-  return ParseWhenTag("frame::ReadMessage(p + " + holes().at("tag_size") +
+  return ParseWhenTag("internal::ReadMessage(p + " + holes().at("tag_size") +
                       ", end, self->" + descriptor()->name() +
                       "_.Add(), state)");
 }

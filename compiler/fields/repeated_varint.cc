@@ -9,16 +9,16 @@ std::string RepeatedVarintField::PayloadSize() const {
 }
 
 std::string RepeatedVarintField::WriteFunction() const {
-  return "frame::WritePackedVarints<" + holes().at("tag_value") + ", " +
-         kind_.stored_type + ", frame::" + kind_.to_varint + ">";
+  return "internal::WritePackedVarints<" + holes().at("tag_value") + ", " +
+         kind_.stored_type + ", internal::" + kind_.to_varint + ">";
 }
 
 std::string RepeatedVarintField::ReadPackedFunction() const {
-  return std::string("frame::ReadPacked<frame::") + kind_.name + ">";
+  return std::string("internal::ReadPacked<internal::") + kind_.name + ">";
 }
 
 std::string RepeatedVarintField::ReadUnpackedFunction() const {
-  return std::string("frame::ReadUnpacked<frame::") + kind_.name + ">";
+  return std::string("internal::ReadUnpacked<internal::") + kind_.name + ">";
 }
 
 std::string RepeatedBoolField::PayloadSize() const {

@@ -58,7 +58,7 @@ std::string ScalarField::Serialize() const {
                              {"write_value", WriteValue()}}),
               R"(
       if ($is_non_zero$) {
-        p = frame::WriteTag<$tag_value$>(p);
+        p = internal::WriteTag<$tag_value$>(p);
         p = $write_value$;
       }
   )");

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "compiler/fields/field.h"
+#include "compiler/fields/field_generator.h"
 
 namespace vantiro {
 namespace compiler {

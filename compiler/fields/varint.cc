@@ -17,12 +17,12 @@ std::string VarintField::ValueSize() const {
 }
 
 std::string VarintField::WriteValue() const {
-  return std::string("frame::WriteVarint(p, frame::") + kind_.to_varint +
+  return std::string("internal::WriteVarint(p, internal::") + kind_.to_varint +
          "(scalars_." + descriptor()->name() + "))";
 }
 
 std::string VarintField::Parse() const {
-  return ParseWhenTag(std::string("frame::ReadVarintField<frame::") +
+  return ParseWhenTag(std::string("internal::ReadVarintField<internal::") +
                       kind_.name + ">(p + " + holes().at("tag_size") +
                       ", end, &self->scalars_." + descriptor()->name() + ")");
 }

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "compiler/support.h"
+#include "compiler/validator.h"
 #include "tests/compiler/protoc.h"
 #include "tests/compiler/schemas.h"
 

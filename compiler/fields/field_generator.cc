@@ -1,0 +1,82 @@
+#include "compiler/fields/field_generator.h"
+
+#include <google/protobuf/stubs/strutil.h>
+#include <google/protobuf/wire_format_lite.h>
+
+#include "compiler/names.h"
+
+namespace vantiro {
+namespace compiler {
+namespace {
+
+using google::protobuf::FieldDescriptor;
+using google::protobuf::internal::WireFormatLite;
+
+std::string TypeInSchema(const FieldDescriptor* field) {
+  if (field->message_type() != nullptr) {
+    return "." + field->message_type()->full_name();
+  }
+  if (field->enum_type() != nullptr) {
+    return "." + field->enum_type()->full_name();
+  }
+  return field->type_name();
+}
+
+std::string Declaration(const FieldDescriptor* field) {
+  return std::string(field->is_repeated() ? "repeated " : "") +
+         TypeInSchema(field) + " " + field->name() + " = " +
+         std::to_string(field->number());
+}
+
+// The tag that the field is written with: that of a packed block for a list of
+// scalars.
+uint32_t Tag(const FieldDescriptor* field) {
+  const auto type = static_cast<WireFormatLite::FieldType>(field->type());
+  return WireFormatLite::MakeTag(
+      field->number(), field->is_packed()
+                           ? WireFormatLite::WIRETYPE_LENGTH_DELIMITED
+                           : WireFormatLite::WireTypeForFieldType(type));
+}
+
+}  // namespace
+
+Field::Field(const FieldDescriptor* field)
+    : field_(field),
+      holes_({{"Class", ClassName(field->containing_type())},
+              {"name", field->name()},
+              {"Number", FieldNumberName(field)},
+              {"declaration", Declaration(field)},
+              {"tag", RawTagText(Tag(field))},
+              {"tag_value", std::to_string(Tag(field))},
+              {"tag_size", Tag(field) < 0x80 ? "1" : "2"},
+              {"PeekTag", PeekFunction(field->containing_type())}}) {}
+
+std::string Field::ParseWhenTag(const std::string& read) const {
+  return Fill(With(holes_, {{"read", read},
+                            {"loop", field_->is_repeated() ? "while" : "if"}}),
+              R"(
+      $loop$ (tag == $tag$) {  // $name$
+        p = $read$;
+        if (p == nullptr) return nullptr;
+        tag = $PeekTag$(p, end);
+      }
+  )");
+}
+
+std::string PeekFunction(const google::protobuf::Descriptor* message) {
+  for (int i = 0; i < message->field_count(); ++i) {
+    if (Tag(message->field(i)) >= 0x80) return "internal::PeekTag";
+  }
+  return "internal::PeekShortTag";
+}
+
+std::string RawTagText(uint32_t tag) {
+  const uint32_t raw = tag < 0x80 ? tag : (tag & 0x7f) | 0x80 | (tag >> 7) << 8;
+  using google::protobuf::strings::Hex;
+  return google::protobuf::StrCat(
+      "0x", Hex(raw, tag < 0x80 ? google::protobuf::strings::ZERO_PAD_2
+                                : google::protobuf::strings::ZERO_PAD_4));
+}
+
+}  // namespace compiler
+}  // namespace vantiro

@@ -1,0 +1,65 @@
+#include <google/protobuf/stubs/logging.h>
+
+#include "compiler/fields/bool.h"
+#include "compiler/fields/field_generator.h"
+#include "compiler/fields/float.h"
+#include "compiler/fields/message.h"
+#include "compiler/fields/repeated_float.h"
+#include "compiler/fields/repeated_message.h"
+#include "compiler/fields/repeated_varint.h"
+#include "compiler/fields/string.h"
+#include "compiler/fields/varint.h"
+
+namespace vantiro {
+namespace compiler {
+namespace {
+
+using google::protobuf::FieldDescriptor;
+
+template <typename Singular, typename Repeated, typename... Args>
+std::unique_ptr<Field> Make(const FieldDescriptor* field, const Args&... args) {
+  if (field->is_repeated()) return std::make_unique<Repeated>(field, args...);
+  return std::make_unique<Singular>(field, args...);
+}
+
+std::unique_ptr<Field> MakeVarint(const FieldDescriptor* field,
+                                  const VarintKind& kind) {
+  return Make<VarintField, RepeatedVarintField>(field, kind);
+}
+
+}  // namespace
+
+std::unique_ptr<Field> MakeField(const FieldDescriptor* field) {
+  switch (field->type()) {
+    case FieldDescriptor::TYPE_FLOAT:
+      return Make<FloatField, RepeatedFloatField>(field);
+    case FieldDescriptor::TYPE_BOOL:
+      return Make<BoolField, RepeatedBoolField>(field);
+    case FieldDescriptor::TYPE_UINT32:
+      return MakeVarint(field, kUInt32);
+    case FieldDescriptor::TYPE_INT32:
+      return MakeVarint(field, kInt32);
+    case FieldDescriptor::TYPE_SINT32:
+      return MakeVarint(field, kSInt32);
+    case FieldDescriptor::TYPE_UINT64:
+      return MakeVarint(field, kUInt64);
+    case FieldDescriptor::TYPE_INT64:
+      return MakeVarint(field, kInt64);
+    case FieldDescriptor::TYPE_SINT64:
+      return MakeVarint(field, kSInt64);
+    case FieldDescriptor::TYPE_ENUM:
+      return MakeVarint(field, kEnum);
+    case FieldDescriptor::TYPE_STRING:
+      return std::make_unique<TextField>(field, TextField::kString);
+    case FieldDescriptor::TYPE_BYTES:
+      return std::make_unique<TextField>(field, TextField::kBytes);
+    case FieldDescriptor::TYPE_MESSAGE:
+      return Make<MessageField, RepeatedMessageField>(field);
+    default:
+      GOOGLE_LOG(FATAL) << field->full_name() << ": kind is not supported";
+      return nullptr;
+  }
+}
+
+}  // namespace compiler
+}  // namespace vantiro

@@ -1,0 +1,267 @@
+// The operations of a message, which go into the source.
+
+#include "compiler/message_generator.h"
+#include "compiler/names.h"
+
+namespace vantiro {
+namespace compiler {
+
+namespace {
+
+// As much as the frame's writer gives at once.
+constexpr int kMaxRoom = 128;
+
+}  // namespace
+
+std::string Message::Operations() const {
+  return "// " + message_->full_name() + "\n\n" +
+         ForFields(&Field::ExportedDefinitions) + "\n" + Lifetime() + "\n" +
+         Creation() + "\n" + ClearAndMerge() + "\n" + Serialization() + "\n" +
+         Parsing() + "\n" + TypeInformation();
+}
+
+std::string Message::Lifetime() const {
+  const std::string check = !NeedsSetUpCheck() ? "" : Fill(holes_, R"(
+      internal::EnsureSetUp(&$set_up_record$.base);
+  )");
+  const std::string construct = ForFields(&Field::Construct);
+  const std::string base = "::google::protobuf::MessageLite";
+  const std::string arena_constructor =
+      !has_arenas_
+          ? ""
+          : Fill(With(holes_,
+                      {{"initializers", Initializers(base + "(arena)",
+                                                     &Field::ArenaInitializer)},
+                       {"check", check},
+                       {"construct", construct}}),
+                 R"(
+      $Class$::$Class$(::google::protobuf::Arena* arena)
+          $initializers$
+        $check$
+        $construct$
+      }
+  )");
+  const std::string children = ForFields(&Field::DeleteChild);
+  const std::string delete_children =
+      children.empty() ? "" : Fill({{"children", children}}, R"(
+      // The children of the default instance are default instances too.
+      if (this == internal_default_instance()) return;
+      $children$
+  )");
+  return Fill(
+      With(holes_,
+           {{"check", check},
+            {"construct", construct},
+            {"arena_constructor", arena_constructor},
+            {"copy_initializers",
+             Initializers(base + "()", &Field::CopyInitializer)},
+            {"copy", ForFields(&Field::CopyConstruct)},
+            {"copy_scalars", HasScalars() ? "scalars_ = from.scalars_;\n" : ""},
+            {"destroy", ForFields(&Field::Destroy)},
+            {"delete_children", delete_children}}),
+      R"(
+      $Class$::$Class$() : ::google::protobuf::MessageLite() {
+        $check$
+        $construct$
+      }
+      $arena_constructor$
+
+      $Class$::$Class$(const $Class$& from)
+          $copy_initializers$
+        _internal_metadata_.MergeFrom<::std::string>(from._internal_metadata_);
+        $copy$
+        $copy_scalars$
+      }
+
+      $Class$::~$Class$() {
+        if (_internal_metadata_.DeleteReturnArena<::std::string>() != nullptr) return;
+        $destroy$
+        $delete_children$
+      }
+  )");
+}
+
+std::string Message::Creation() const {
+  const std::string link = ForFields(&Field::InitAsDefaultInstance);
+  const std::string set_links =
+      link.empty() ? "" : Fill(With(holes_, {{"link", link}}), R"(
+      auto* const instance = const_cast<$Class$*>(internal_default_instance());
+      $link$
+  )");
+  const std::string arena = !has_arenas_ ? "" : Fill(holes_, R"(
+      ::google::protobuf::Arena* $Class$::GetArena() const {
+        return _internal_metadata_.user_arena();
+      }
+
+      void* $Class$::GetMaybeArenaPointer() const {
+        return _internal_metadata_.raw_arena_ptr();
+      }
+
+      void $Class$::ArenaDtor(void* /*object*/) {}
+
+  )");
+  return Fill(With(holes_, {{"set_links", set_links}, {"arena", arena}}), R"(
+      const $Class$& $Class$::default_instance() {
+        internal::EnsureSetUp(&$set_up_record$.base);
+        return *internal_default_instance();
+      }
+
+      void $Class$::InitAsDefaultInstance() {
+        $set_links$
+      }
+
+      $Class$* $Class$::New() const { return CreateMaybeMessage<$Class$>(nullptr); }
+
+      $Class$* $Class$::New(::google::protobuf::Arena* arena) const {
+        return CreateMaybeMessage<$Class$>(arena);
+      }
+
+      $arena$
+  )");
+}
+
+std::string Message::ClearAndMerge() const {
+  return Fill(
+      With(holes_,
+           {{"clear", ForFields(&Field::Clear)},
+            {"clear_scalars", HasScalars() ? "scalars_ = Scalars();\n" : ""},
+            {"merge", ForFields(&Field::Merge)},
+            {"swap", ForFields(&Field::Swap)},
+            {"swap_scalars",
+             HasScalars() ? "::std::swap(scalars_, other->scalars_);\n" : ""}}),
+      R"(
+      void $Class$::Clear() {
+        $clear$
+        $clear_scalars$
+        _internal_metadata_.Clear<::std::string>();
+      }
+
+      void $Class$::MergeFrom(const $Class$& from) {
+        _internal_metadata_.MergeFrom<::std::string>(from._internal_metadata_);
+        $merge$
+      }
+
+      void $Class$::CopyFrom(const $Class$& from) {
+        if (&from == this) return;
+        Clear();
+        MergeFrom(from);
+      }
+
+      void $Class$::CheckTypeAndMergeFrom(const ::google::protobuf::MessageLite& from) {
+        MergeFrom(static_cast<const $Class$&>(from));
+      }
+
+      void $Class$::InternalSwap($Class$* other) {
+        _internal_metadata_.Swap<::std::string>(&other->_internal_metadata_);
+        $swap$
+        $swap_scalars$
+      }
+  )");
+}
+
+// Scalars that stand side by side ask for their room together.
+std::string Message::SerializeFields() const {
+  std::string result;
+  std::string run;
+  int room = 0;
+  const auto end_run = [&] {
+    if (!run.empty()) {
+      result += "p = writer->Room(p, " + std::to_string(room) + ");\n" + run;
+    }
+    run.clear();
+    room = 0;
+  };
+  for (const auto& field : fields_) {
+    const int size = field->max_encoded_size();
+    if (size == 0 || room + size > kMaxRoom) end_run();
+    (size == 0 ? result : run) += field->Serialize();
+    room += size;
+  }
+  end_run();
+  return result;
+}
+
+std::string Message::Serialization() const {
+  return Fill(With(holes_, {{"byte_size", ForFields(&Field::ByteSize)},
+                            {"serialize", SerializeFields()}}),
+              R"(
+      size_t $Class$::ByteSizeLong() const {
+        size_t size = internal::UnknownFieldsSize(_internal_metadata_);
+        $byte_size$
+        SetCachedSize(static_cast<int>(size));
+        return size;
+      }
+
+      ::uint8_t* $Class$::_InternalSerializeFlat(::uint8_t* p,
+                                                 internal::Writer* writer) const {
+        $serialize$
+        return internal::WriteUnknownFields(p, _internal_metadata_, writer);
+      }
+
+      ::uint8_t* $Class$::_InternalSerialize(
+          ::uint8_t* target,
+          ::google::protobuf::io::EpsCopyOutputStream* stream) const {
+        internal::Writer writer(target, stream, GetCachedSize(),
+                             internal::Writer::Excess::kDrop);
+        return writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer));
+      }
+
+      void $Class$::SerializeWithCachedSizes(
+          ::google::protobuf::io::CodedOutputStream* output) const {
+        internal::Writer writer(output->Cur(), output->EpsCopy(), GetCachedSize(),
+                             internal::Writer::Excess::kKeep);
+        output->SetCur(
+            writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer)));
+      }
+  )");
+}
+
+std::string Message::Parsing() const {
+  return Fill(With(holes_, {{"fields", ForFields(&Field::Parse)}}), R"(
+      const ::uint8_t* $Class$::_InternalParseFlat(::google::protobuf::MessageLite* message,
+                                                   const ::uint8_t* p,
+                                                   const ::uint8_t* end,
+                                                   internal::ParseState* state) {
+        auto* const self = static_cast<$Class$*>(message);
+        internal::RawTag tag = $PeekTag$(p, end);
+        // Records are written in the order of field numbers, so each field hands
+        // on to the next. Fields in another order take a further turn.
+        while (p != end) {
+          const ::uint8_t* const start = p;
+          $fields$
+          if (p != start) continue;
+          const internal::NextTag next = internal::ReadUnusualTag(
+              p, end, tag, &self->_internal_metadata_, state);
+          if (next.p == nullptr || state->ended_at_bad_tag) return next.p;
+          p = next.p;
+          tag = next.tag;
+        }
+        return p;
+      }
+
+      const char* $Class$::_InternalParse(
+          const char* p, ::google::protobuf::internal::ParseContext* context) {
+        return internal::ParseFromContext(this, &_InternalParseFlat, p, context);
+      }
+
+      bool $Class$::MergePartialFromCodedStream(
+          ::google::protobuf::io::CodedInputStream* input) {
+        return internal::MergeFromCodedStream(this, &_InternalParseFlat, input);
+      }
+  )");
+}
+
+std::string Message::TypeInformation() const {
+  return Fill(holes_, R"(
+      ::std::string $Class$::GetTypeName() const { return "$full_name$"; }
+
+      bool $Class$::IsInitialized() const { return true; }
+
+      int $Class$::GetCachedSize() const { return _cached_size_.Get(); }
+
+      void $Class$::SetCachedSize(int size) const { _cached_size_.Set(size); }
+  )");
+}
+
+}  // namespace compiler
+}  // namespace vantiro

@@ -1,0 +1,99 @@
+// Reading varints from flat memory.
+
+#ifndef VANTIRO_LIB_INTERNAL_VARINT_H_
+#define VANTIRO_LIB_INTERNAL_VARINT_H_
+
+#include <google/protobuf/wire_format_lite.h>
+
+#include <cstdint>
+
+namespace vantiro {
+namespace internal {
+
+// A varint read: its value, and the position behind it, null if the input ends
+// within it or it has more than ten bytes.
+struct Varint {
+  const uint8_t* next;
+  uint64_t value;
+};
+
+// Varints of any length. Bits beyond the 64th are dropped.
+Varint ReadLongVarint(const uint8_t* p, const uint8_t* end);
+
+__attribute__((always_inline)) inline Varint ReadVarint(const uint8_t* p,
+                                                        const uint8_t* end) {
+  if (__builtin_expect(end - p >= 2, true)) {
+    const uint64_t first = p[0];
+    if (first < 0x80) return {p + 1, first};
+    const uint64_t second = p[1];
+    if (second < 0x80) return {p + 2, (first & 0x7f) | second << 7};
+  }
+  return ReadLongVarint(p, end);
+}
+
+// The kinds of field that are varints on the wire: how a value comes out of a
+// varint. 32-bit kinds take the low 32 bits, whatever stands above them.
+struct UInt32 {
+  using Type = uint32_t;
+  static Type FromVarint(uint64_t v) { return static_cast<uint32_t>(v); }
+};
+struct Int32 {
+  using Type = int32_t;
+  static Type FromVarint(uint64_t v) { return static_cast<int32_t>(v); }
+};
+struct SInt32 {
+  using Type = int32_t;
+  static Type FromVarint(uint64_t v) {
+    return google::protobuf::internal::WireFormatLite::ZigZagDecode32(
+        static_cast<uint32_t>(v));
+  }
+};
+struct UInt64 {
+  using Type = uint64_t;
+  static Type FromVarint(uint64_t v) { return v; }
+};
+struct Int64 {
+  using Type = int64_t;
+  static Type FromVarint(uint64_t v) { return static_cast<int64_t>(v); }
+};
+struct SInt64 {
+  using Type = int64_t;
+  static Type FromVarint(uint64_t v) {
+    return google::protobuf::internal::WireFormatLite::ZigZagDecode64(v);
+  }
+};
+struct Bool {
+  using Type = bool;
+  static Type FromVarint(uint64_t v) { return v != 0; }
+};
+// Enums are open: the number is taken as it comes, declared or not.
+struct Enum {
+  using Type = int;
+  static Type FromVarint(uint64_t v) { return static_cast<int>(v); }
+};
+
+// Reads a singular field of `Kind`. Returns the position behind it, or null.
+template <typename Kind>
+inline const uint8_t* ReadVarintField(const uint8_t* p, const uint8_t* end,
+                                      typename Kind::Type* field) {
+  const Varint varint = ReadVarint(p, end);
+  if (__builtin_expect(varint.next != nullptr, true)) {
+    *field = Kind::FromVarint(varint.value);
+  }
+  return varint.next;
+}
+
+// Reads the length of a string, a block or a sub-message. Fails, giving null,
+// above 2^31 - 1.
+inline const uint8_t* ReadLength(const uint8_t* p, const uint8_t* end,
+                                 ptrdiff_t* length) {
+  const Varint varint = ReadVarint(p, end);
+  if (__builtin_expect(varint.value > INT32_MAX, false)) return nullptr;
+  *length = static_cast<ptrdiff_t>(varint.value);
+  return varint.next;
+}
+
+}  // namespace internal
+}  // namespace vantiro
+
+#endif  // VANTIRO_LIB_INTERNAL_VARINT_H_

@@ -1,0 +1,45 @@
+// Any schema into the plug-in: it is refused, or emitted, the same text twice.
+//
+// Input: a FileDescriptorSet of one file.
+
+#include <google/protobuf/descriptor.h>
+#include <google/protobuf/descriptor.pb.h>
+#include <google/protobuf/stubs/logging.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "compiler/file_generator.h"
+#include "compiler/validator.h"
+
+namespace {
+
+class Silent : public google::protobuf::DescriptorPool::ErrorCollector {
+ public:
+  void AddError(const std::string& /*file*/, const std::string& /*element*/,
+                const google::protobuf::Message* /*descriptor*/,
+                ErrorLocation /*location*/,
+                const std::string& /*message*/) override {}
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  static const google::protobuf::LogSilencer silence;
+  google::protobuf::FileDescriptorSet set;
+  if (!set.ParseFromArray(data, static_cast<int>(size))) return 0;
+  if (set.file_size() != 1) return 0;
+  google::protobuf::DescriptorPool pool;
+  Silent errors;
+  const auto* const file = pool.BuildFileCollectingErrors(set.file(0), &errors);
+  if (file == nullptr) return 0;
+  std::vector<std::string> faults;
+  vantiro::compiler::FindUnsupported(file, &faults);
+  if (!faults.empty()) return 0;
+  using vantiro::compiler::HeaderText;
+  using vantiro::compiler::SourceText;
+  if (HeaderText(file) != HeaderText(file)) std::abort();
+  if (SourceText(file) != SourceText(file)) std::abort();
+  return 0;
+}
