@@ -1,0 +1,100 @@
+# What the commands share. To be sourced; the working folder is then the
+# project's.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+BUILD_PACKAGES=(g++ cmake ninja-build pkg-config binutils
+  libprotobuf-dev libprotoc-dev protobuf-compiler libgtest-dev
+  libcli11-dev nlohmann-json3-dev)
+# Another compiler for the clients in the tests.
+TEST_PACKAGES=(clang)
+ARM64_PACKAGES=(g++-aarch64-linux-gnu qemu-user
+  libprotobuf-dev:arm64 libgtest-dev:arm64)
+FUZZ_PACKAGES=(clang libclang-rt-14-dev)
+LINT_PACKAGES=(clang-format clang-tidy)
+# For the tests that look at pages in a browser.
+BROWSER_PACKAGES=(chromium nodejs)
+# The last that Debian's node runs.
+PLAYWRIGHT_VERSION=1.61.0
+
+say() { printf '\033[1m== %s\033[0m\n' "$*" >&2; }
+die() { printf 'run: %s\n' "$*" >&2; exit 2; }
+
+as_root() {
+  if ((EUID == 0)); then
+    "$@"
+  else
+    command -v sudo >/dev/null || die "this has to be done as root: $*"
+    sudo "$@"
+  fi
+}
+
+# Installs the packages that are missing.
+need() { # need PACKAGE...
+  local missing=() package native architecture
+  native=$(dpkg --print-architecture)
+  for package in "$@"; do
+    architecture=$native
+    [[ $package != *:* ]] || architecture=${package#*:}
+    dpkg-query -W -f '${Architecture} ${db:Status-Status}\n' "$package" \
+      2>/dev/null | grep -qxE "(all|$architecture) installed" ||
+      missing+=("$package")
+  done
+  ((${#missing[@]})) || return 0
+  say "installing ${missing[*]}"
+  as_root apt-get update -qq
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq \
+    --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+need_arm64() {
+  if ! dpkg --print-foreign-architectures | grep -qx arm64; then
+    say "adding Debian's arm64 packages"
+    as_root dpkg --add-architecture arm64
+  fi
+  need "${ARM64_PACKAGES[@]}"
+}
+
+# Installs a package of npm in a folder, unless it is there.
+need_npm() { # need_npm FOLDER PACKAGE VERSION
+  grep -q "\"version\": \"$3\"" "$1/node_modules/$2/package.json" 2>/dev/null &&
+    return
+  command -v npm >/dev/null || need nodejs npm
+  say "installing $2 $3"
+  npm install --prefix "$1" --ignore-scripts --no-audit --no-fund \
+    --loglevel error "$2@$3" >/dev/null
+}
+
+# What drives the browser.
+need_browser() {
+  need "${BROWSER_PACKAGES[@]}"
+  need_npm build/playwright playwright-core "$PLAYWRIGHT_VERSION" && return
+  [ -z "${CI:-}" ] || die "playwright-core could not be installed"
+  say "without playwright-core the tests in a browser are skipped"
+}
+
+build() { # build PRESET [BUILD ARGUMENTS]
+  local preset=$1 log
+  shift
+  need "${BUILD_PACKAGES[@]}"
+  say "building ($preset)"
+  log=$(cmake --preset "$preset" 2>&1) || die "cmake failed:
+$log"
+  cmake --build --preset "$preset" "$@"
+}
+
+run_tests() { # run_tests PRESET [CTEST ARGUMENTS]
+  local preset=$1
+  shift
+  need "${TEST_PACKAGES[@]}"
+  need_browser
+  build "$preset"
+  say "testing ($preset)"
+  ctest --preset "$preset" "$@"
+}
+
+# The C++ files of the project, one a line.
+sources() {
+  git ls-files -co --exclude-standard '*.cc' '*.h' 2>/dev/null ||
+    find compiler lib tools examples tests bench -name '*.cc' -o -name '*.h'
+}
