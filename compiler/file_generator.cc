@@ -124,7 +124,7 @@ std::string SetUpRecordDeclarations(const Messages& messages) {
   }
   std::string result;
   for (const auto& entry : needed) {
-    result += "extern ::vantiro::internal::SetUpRecordFor<" +
+    result += "extern ::vantiro::internal::SccInfo<" +
               std::to_string(CountDependencies(entry.second)) + "> " +
               entry.first + ";\n";
   }

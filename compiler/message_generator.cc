@@ -119,8 +119,8 @@ std::string Message::SetUp() const {
         $link$
       }
 
-      ::vantiro::internal::SetUpRecordFor<$count$> $set_up_record$ = {
-          {{::vantiro::internal::SetUpRecord::kUninitialized}, $count$,
+      ::vantiro::internal::SccInfo<$count$> $set_up_record$ = {
+          {{::vantiro::internal::SccInfoBase::kUninitialized}, $count$,
            InitDefaults$set_up_record$},
           {
               $dependencies$

@@ -8,8 +8,9 @@ namespace compiler {
 
 namespace {
 
-// As much as the frame's writer gives at once.
-constexpr int kMaxRoom = 128;
+// The most bytes that fields written together may take. The emitted code
+// asserts that the library's writer has so much space.
+constexpr int kMaxSpace = 128;
 
 }  // namespace
 
@@ -22,7 +23,7 @@ std::string Message::Operations() const {
 
 std::string Message::Lifetime() const {
   const std::string check = !NeedsSetUpCheck() ? "" : Fill(holes_, R"(
-      internal::EnsureSetUp(&$set_up_record$.base);
+      internal::InitScc(&$set_up_record$.base);
   )");
   const std::string construct = ForFields(&Field::Construct);
   const std::string base = "::google::protobuf::MessageLite";
@@ -102,7 +103,7 @@ std::string Message::Creation() const {
   )");
   return Fill(With(holes_, {{"set_links", set_links}, {"arena", arena}}), R"(
       const $Class$& $Class$::default_instance() {
-        internal::EnsureSetUp(&$set_up_record$.base);
+        internal::InitScc(&$set_up_record$.base);
         return *internal_default_instance();
       }
 
@@ -159,23 +160,24 @@ std::string Message::ClearAndMerge() const {
   )");
 }
 
-// Scalars that stand side by side ask for their room together.
+// Singular scalars with consecutive field numbers share one space check.
 std::string Message::SerializeFields() const {
   std::string result;
   std::string run;
-  int room = 0;
+  int run_size = 0;
   const auto end_run = [&] {
     if (!run.empty()) {
-      result += "p = writer->Room(p, " + std::to_string(room) + ");\n" + run;
+      result += "p = writer->EnsureSpace<" + std::to_string(run_size) +
+                ">(p);\n" + run;
     }
     run.clear();
-    room = 0;
+    run_size = 0;
   };
   for (const auto& field : fields_) {
     const int size = field->max_encoded_size();
-    if (size == 0 || room + size > kMaxRoom) end_run();
+    if (size == 0 || run_size + size > kMaxSpace) end_run();
     (size == 0 ? result : run) += field->Serialize();
-    room += size;
+    run_size += size;
   }
   end_run();
   return result;
@@ -202,14 +204,14 @@ std::string Message::Serialization() const {
           ::uint8_t* target,
           ::google::protobuf::io::EpsCopyOutputStream* stream) const {
         internal::Writer writer(target, stream, GetCachedSize(),
-                             internal::Writer::Excess::kDrop);
+                             internal::Writer::Overflow::kDrop);
         return writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer));
       }
 
       void $Class$::SerializeWithCachedSizes(
           ::google::protobuf::io::CodedOutputStream* output) const {
         internal::Writer writer(output->Cur(), output->EpsCopy(), GetCachedSize(),
-                             internal::Writer::Excess::kKeep);
+                             internal::Writer::Overflow::kWrite);
         output->SetCur(
             writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer)));
       }
@@ -230,9 +232,9 @@ std::string Message::Parsing() const {
           const ::uint8_t* const start = p;
           $fields$
           if (p != start) continue;
-          const internal::NextTag next = internal::ReadUnusualTag(
+          const internal::NextTag next = internal::HandleUnexpectedTag(
               p, end, tag, &self->_internal_metadata_, state);
-          if (next.p == nullptr || state->ended_at_bad_tag) return next.p;
+          if (next.p == nullptr || state->ended_at_invalid_tag) return next.p;
           p = next.p;
           tag = next.tag;
         }

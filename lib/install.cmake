@@ -1,4 +1,4 @@
-# What `cmake --install` lays down, and how other projects find it.
+# What `cmake --install` installs, and how other projects find it.
 
 include(CMakePackageConfigHelpers)
 

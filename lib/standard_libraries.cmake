@@ -1,14 +1,15 @@
-# Which libraries the library names as needed, and in what order.
+# The libraries that the library lists as needed (DT_NEEDED), and their order.
 
 if(VANTIRO_CLASSES STREQUAL "plugin")
-  # A desk's library names what it uses.
+  # On a development machine: those that are used.
   target_link_options(vantiro_protos PRIVATE "LINKER:--as-needed")
   return()
 endif()
 
-# The contract's library names these behind the runtime, used or not. They go to
-# the linker itself, since g++ would move them about. Where the C library has
-# absorbed libdl, only its bare file is left to name.
+# The contract lists these after the runtime, whether they are used or not. They
+# are passed to the linker directly, since g++ would change their order. A C
+# library that contains the functions of libdl has no link to libdl.so, only the
+# file libdl.so.2.
 set(standard_cxx stdc++)
 if(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES MATCHES "(^|;)c\\+\\+(_shared)?(;|$)")
   set(standard_cxx c++)

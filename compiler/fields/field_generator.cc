@@ -67,7 +67,7 @@ std::string PeekFunction(const google::protobuf::Descriptor* message) {
   for (int i = 0; i < message->field_count(); ++i) {
     if (Tag(message->field(i)) >= 0x80) return "internal::PeekTag";
   }
-  return "internal::PeekShortTag";
+  return "internal::PeekOneByteTag";
 }
 
 std::string RawTagText(uint32_t tag) {

@@ -17,7 +17,7 @@ std::string RepeatedFloatField::ReadPackedFunction() const {
 }
 
 std::string RepeatedFloatField::ReadUnpackedFunction() const {
-  return "internal::ReadUnpackedFloats";
+  return "internal::ReadUnpackedFloat";
 }
 
 }  // namespace compiler

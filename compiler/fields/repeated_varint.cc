@@ -14,11 +14,13 @@ std::string RepeatedVarintField::WriteFunction() const {
 }
 
 std::string RepeatedVarintField::ReadPackedFunction() const {
-  return std::string("internal::ReadPacked<internal::") + kind_.name + ">";
+  return std::string("internal::ReadPackedVarints<internal::") + kind_.name +
+         ">";
 }
 
 std::string RepeatedVarintField::ReadUnpackedFunction() const {
-  return std::string("internal::ReadUnpacked<internal::") + kind_.name + ">";
+  return std::string("internal::ReadUnpackedVarint<internal::") + kind_.name +
+         ">";
 }
 
 std::string RepeatedBoolField::PayloadSize() const {

@@ -1,5 +1,5 @@
-// What the functions of all enums have in common. The tables are constant,
-// which those of the runtime's own helpers are not with every compiler: they
+// What the functions of all enums share. The tables are compile-time constants.
+// The tables of the runtime's own helpers are not, with some compilers: they
 // would be filled when the library is loaded.
 
 #ifndef VANTIRO_LIB_INTERNAL_ENUM_NAMES_H_
@@ -18,30 +18,31 @@ struct EnumEntry {
   int value;
 };
 
-// Storage of a name string that is built at the first call of <Enum>_Name.
+// Storage for a name, which is constructed by the first call of <Enum>_Name.
 using EnumName = google::protobuf::internal::ExplicitlyConstructed<std::string>;
 
 struct EnumTables {
   // Sorted by name.
   const EnumEntry* entries;
-  // Sorted by value: where each stands among the entries.
+  // Indices into `entries`, sorted by value.
   const int* entries_by_number;
   int count;
-  // In the order of entries_by_number.
+  // In the same order as entries_by_number.
   EnumName* names;
 };
 
-// Builds the name strings. To be called once. The runtime's shutdown destroys
-// them. Gives true, to initialise a local static with. Running out of memory
-// ends the process: names half built would hold up all threads for ever.
+// Constructs the names. To be called once. The runtime's shutdown destroys
+// them. Returns true, as the initialiser of a local static. Running out of
+// memory ends the process: if the initialisation stopped half-way, all other
+// threads would wait for ever.
 bool BuildEnumNames(const EnumTables& tables) noexcept;
 
-// The name of `value`, the empty string if it is not declared. The name strings
-// have been built.
+// The name of `value`, or the empty string if it is not declared. To be called
+// after BuildEnumNames.
 const std::string& FindEnumName(const EnumTables& tables, int value);
 
-// Stores the value named `name` and gives true; or gives false and leaves
-// `*value` alone.
+// Stores the value that is called `name` and returns true, or returns false and
+// leaves `*value` unchanged.
 bool FindEnumValue(const EnumTables& tables, const std::string& name,
                    int* value);
 

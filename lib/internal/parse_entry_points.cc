@@ -27,7 +27,7 @@ bool IsOnePiece(ParseContext* context, const char* p, int n) {
 
 // How many bytes the context's current block holds from `p` on, found by
 // halving, since the context tells only whether it goes on at a position.
-size_t BytesInBlock(ParseContext* context, const char* p) {
+size_t BytesInChunk(ParseContext* context, const char* p) {
   size_t available = 0;
   size_t step = 1;
   while (context->DataAvailable(p + available + step - 1)) {
@@ -49,7 +49,7 @@ int Overrun(ParseContext* context, const char* p) {
 }
 
 // The context lays the seams between short blocks in a buffer of its own.
-bool IsInContext(const ParseContext* context, const char* p) {
+bool IsInPatchBuffer(const ParseContext* context, const char* p) {
   const auto* const begin = reinterpret_cast<const char*>(context);
   return std::less_equal<>()(begin, p) &&
          std::less<>()(p, begin + sizeof(*context));
@@ -59,10 +59,12 @@ bool IsInContext(const ParseContext* context, const char* p) {
 // end of what was gathered: always as far behind the context's block as that
 // keeps bytes readable. A seam between two long blocks brings no end of its
 // own; whether it was one shows only when the context leaves it.
-void MarkBlock(bool leaves_seam, int overrun, GatheredBlocks* blocks) {
-  if (leaves_seam) blocks->UnmarkLastEnd();
-  blocks->MarkEnd(blocks->bytes()->size() - static_cast<size_t>(overrun) +
-                  ParseContext::kSlopBytes);
+void AddChunkEnd(bool leaves_patch_buffer, int overrun,
+                 FlattenedInput* flattened) {
+  if (leaves_patch_buffer) flattened->RemoveLastChunkEnd();
+  flattened->AddChunkEnd(flattened->bytes()->size() -
+                         static_cast<size_t>(overrun) +
+                         ParseContext::kSlopBytes);
 }
 
 // Takes all bytes up to the context's limit or its stream's end, and tells the
@@ -70,48 +72,48 @@ void MarkBlock(bool leaves_seam, int overrun, GatheredBlocks* blocks) {
 //
 // ParseContext::Done can't be used to go from block to block: it is made for
 // positions between fields, and takes a byte 00 anywhere else for the end.
-const char* Gather(const char* p, ParseContext* context,
-                   GatheredBlocks* blocks) {
-  bool was_in_context = false;
+const char* Flatten(const char* p, ParseContext* context,
+                    FlattenedInput* flattened) {
+  bool was_in_patch_buffer = false;
   while (true) {
-    const bool is_in_context = IsInContext(context, p);
-    const size_t size = BytesInBlock(context, p);
-    blocks->bytes()->append(p, size);
+    const bool is_in_patch_buffer = IsInPatchBuffer(context, p);
+    const size_t size = BytesInChunk(context, p);
+    flattened->bytes()->append(p, size);
     p += size;
     const int left = context->BytesUntilLimit(p);
     if (left == 0) return p;
     const int overrun = Overrun(context, p);
-    MarkBlock(was_in_context && !is_in_context, overrun, blocks);
-    was_in_context = is_in_context;
+    AddChunkEnd(was_in_patch_buffer && !is_in_patch_buffer, overrun, flattened);
+    was_in_patch_buffer = is_in_patch_buffer;
     if (context->IsExceedingLimit(p + 1)) break;  // There is no next block.
     const int readable = ParseContext::kSlopBytes - overrun;
     if (left <= readable) {
-      blocks->bytes()->append(p, static_cast<size_t>(left));
+      flattened->bytes()->append(p, static_cast<size_t>(left));
       return p + left;
     }
     // One byte more than is readable takes the context to its next block.
-    p = context->AppendString(p, readable + 1, blocks->bytes());
+    p = context->AppendString(p, readable + 1, flattened->bytes());
     if (context->IsExceedingLimit(p)) {
-      blocks->bytes()->pop_back();
+      flattened->bytes()->pop_back();
       --p;
       break;
     }
   }
-  blocks->is_open_ended = true;
+  flattened->is_open_ended = true;
   context->SetEndOfStream();
   return p;
 }
 
-const char* ParseGathered(MessageLite* message, FlatParser parser,
-                          const char* p, ParseContext* context) {
-  GatheredBlocks blocks;
-  p = Gather(p, context, &blocks);
+const char* ParseFlattened(MessageLite* message, FlatParser parser,
+                           const char* p, ParseContext* context) {
+  FlattenedInput flattened;
+  p = Flatten(p, context, &flattened);
   ParseState state(context->depth());
-  state.blocks = &blocks;
-  if (parser(message, blocks.begin(), blocks.end(), &state) == nullptr) {
+  state.flattened = &flattened;
+  if (parser(message, flattened.begin(), flattened.end(), &state) == nullptr) {
     return nullptr;
   }
-  if (state.ended_at_bad_tag) context->SetLastTag(0);
+  if (state.ended_at_invalid_tag) context->SetLastTag(0);
   return p;
 }
 
@@ -131,26 +133,26 @@ bool FinishStream(CodedInputStream* input, int consumed) {
   return true;
 }
 
-bool MergeGathered(MessageLite* message, FlatParser parser,
-                   CodedInputStream* input) {
-  GatheredBlocks blocks;
-  blocks.is_open_ended = BytesUntilLimit(input) < 0;
-  const void* block;
+bool MergeFlattened(MessageLite* message, FlatParser parser,
+                    CodedInputStream* input) {
+  FlattenedInput flattened;
+  flattened.is_open_ended = BytesUntilLimit(input) < 0;
+  const void* chunk;
   int size;
-  while (input->GetDirectBufferPointer(&block, &size)) {
-    blocks.bytes()->append(static_cast<const char*>(block),
-                           static_cast<size_t>(size));
-    blocks.MarkEnd(blocks.bytes()->size());
+  while (input->GetDirectBufferPointer(&chunk, &size)) {
+    flattened.bytes()->append(static_cast<const char*>(chunk),
+                              static_cast<size_t>(size));
+    flattened.AddChunkEnd(flattened.bytes()->size());
     if (!input->Skip(size)) return false;
   }
   ParseState state(input->RecursionBudget());
-  state.blocks = &blocks;
-  if (parser(message, blocks.begin(), blocks.end(), &state) == nullptr) {
+  state.flattened = &flattened;
+  if (parser(message, flattened.begin(), flattened.end(), &state) == nullptr) {
     return false;
   }
   // At the stream's end a tag reads as the legitimate end of a message, which
   // this was not.
-  if (state.ended_at_bad_tag) return true;
+  if (state.ended_at_invalid_tag) return true;
   input->ReadTag();
   return true;
 }
@@ -161,13 +163,13 @@ const char* ParseFromContext(MessageLite* message, FlatParser parser,
                              const char* p, ParseContext* context) {
   const int size = context->BytesUntilLimit(p);
   if (!IsOnePiece(context, p, size)) {
-    return ParseGathered(message, parser, p, context);
+    return ParseFlattened(message, parser, p, context);
   }
   ParseState state(context->depth());
   const uint8_t* const end =
       parser(message, ToBytes(p), ToBytes(p + size), &state);
   if (end == nullptr) return nullptr;
-  if (state.ended_at_bad_tag) {
+  if (state.ended_at_invalid_tag) {
     context->SetLastTag(0);
     const Varint tag = ReadVarint(end, ToBytes(p + size));
     return tag.next == nullptr ? p + size : p + (tag.next - ToBytes(p));
@@ -179,17 +181,17 @@ const char* ParseFromContext(MessageLite* message, FlatParser parser,
 
 bool MergeFromCodedStream(MessageLite* message, FlatParser parser,
                           CodedInputStream* input) {
-  const void* block;
+  const void* chunk;
   int size;
-  if (!input->GetDirectBufferPointer(&block, &size)) {
+  if (!input->GetDirectBufferPointer(&chunk, &size)) {
     input->ReadTag();
     return true;
   }
   if (size != BytesUntilLimit(input)) {
-    return MergeGathered(message, parser, input);
+    return MergeFlattened(message, parser, input);
   }
   ParseState state(input->RecursionBudget());
-  const uint8_t* const begin = ToBytes(block);
+  const uint8_t* const begin = ToBytes(chunk);
   const uint8_t* const end = parser(message, begin, begin + size, &state);
   if (end == nullptr) return false;
   return FinishStream(input, static_cast<int>(end - begin));

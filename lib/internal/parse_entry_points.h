@@ -1,5 +1,5 @@
-// The roads by which bytes reach a class's parser. Both hand it one piece of
-// flat memory, so that all roads behave alike.
+// The two entry points through which bytes reach a class's parser. Both give it
+// flat memory, so that they behave alike.
 
 #ifndef VANTIRO_LIB_INTERNAL_PARSE_ENTRY_POINTS_H_
 #define VANTIRO_LIB_INTERNAL_PARSE_ENTRY_POINTS_H_
@@ -12,23 +12,23 @@
 namespace vantiro {
 namespace internal {
 
-// Behind the runtime's `_InternalParse`, to which its convenience operations
-// (ParseFromString, ParseFromArray ...) lead: parses what `context` holds up to
-// its limit or its end. Parses in place if all of that lies in one piece,
-// otherwise it gathers the blocks first. Tells the context how the parse ended;
-// returns null on failure.
+// The implementation of `_InternalParse`, which the runtime's operations
+// (ParseFromString, ParseFromArray ...) call: parses the input of `context` up
+// to its limit or its end. Parses in place if all of it lies in one piece,
+// otherwise flattens its chunks first. Tells the context how the parse ended.
+// Returns null on failure.
 //
-// After a tag of value 0 in a stream of several blocks without a limit, the
+// After a tag of value 0 in a stream of several chunks without a limit, the
 // rest of the stream has been read.
 const char* ParseFromContext(google::protobuf::MessageLite* message,
                              FlatParser parser, const char* p,
                              google::protobuf::internal::ParseContext* context);
 
-// Behind the class's MergePartialFromCodedStream: parses what `input` holds up
-// to its limit or its end, with the stream's recursion budget, and leaves it as
-// after reading a tag: ConsumedEntireMessage tells whether the end was a
+// The implementation of MergePartialFromCodedStream: parses `input` up to its
+// limit or its end, with the stream's recursion budget, and leaves the stream
+// as after reading a tag: ConsumedEntireMessage tells whether the end was a
 // legitimate one. Parses in place if the stream's buffer holds everything,
-// otherwise it gathers first.
+// otherwise flattens its chunks first.
 bool MergeFromCodedStream(google::protobuf::MessageLite* message,
                           FlatParser parser,
                           google::protobuf::io::CodedInputStream* input);

@@ -10,7 +10,8 @@ constexpr ptrdiff_t kFloatSize = sizeof(float);
 }  // namespace
 
 const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
-                                const ParseState& state, List<float>* list) {
+                                const ParseState& state,
+                                RepeatedField<float>* field) {
   ptrdiff_t length;
   p = ReadLength(p, end, &length);
   if (p == nullptr || length % kFloatSize != 0) return nullptr;
@@ -18,30 +19,30 @@ const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
   if (missing > 0 && state.Claims(missing)) return nullptr;
   const ptrdiff_t count = std::min(length, end - p) / kFloatSize;
   if (count > 0) {
-    GrowAtOnce(list, count);
-    float* const first = list->AddNAlreadyReserved(static_cast<int>(count));
+    ReserveAtOnce(field, count);
+    float* const first = field->AddNAlreadyReserved(static_cast<int>(count));
     std::memcpy(first, p, static_cast<size_t>(count * kFloatSize));
   }
   return missing > 0 ? nullptr : p + length;
 }
 
-const uint8_t* ReadUnpackedFloats(const uint8_t* p, const uint8_t* end,
-                                  RawTag packed_tag, const ParseState& state,
-                                  List<float>* list) {
+const uint8_t* ReadUnpackedFloat(const uint8_t* p, const uint8_t* end,
+                                 RawTag packed_tag, const ParseState& state,
+                                 RepeatedField<float>* field) {
   float element;
   p = ReadFloat(p, end, &element);
   if (p == nullptr) return nullptr;
-  GrowByDoubling(list, 1);
-  list->AddAlreadyReserved(element);
-  // Only whole elements are looked at: a tag whose value is cut off is left to
-  // the main loop.
+  ReserveByDoubling(field, 1);
+  field->AddAlreadyReserved(element);
+  // Looks ahead for whole elements only: a tag whose value is truncated is left
+  // to the parser.
   const int tag_size = RawTagSize(packed_tag);
-  const ptrdiff_t available =
-      std::min<ptrdiff_t>(list->Capacity() - list->size(),
-                          (state.AtHand(p, end) - p) / (tag_size + kFloatSize));
+  const ptrdiff_t available = std::min<ptrdiff_t>(
+      field->Capacity() - field->size(),
+      (state.EndOfLookAhead(p, end) - p) / (tag_size + kFloatSize));
   for (ptrdiff_t i = 0; i < available && PeekTag(p, end) == packed_tag; ++i) {
     p = ReadFloat(p + tag_size, end, &element);
-    list->AddAlreadyReserved(element);
+    field->AddAlreadyReserved(element);
   }
   return p;
 }

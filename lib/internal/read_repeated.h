@@ -1,4 +1,7 @@
-// Reading the lists of scalars, packed and unpacked.
+// Reading repeated fields of scalars, packed and unpacked.
+//
+// One occurrence of a packed field is a packed run: a length and so many bytes
+// of elements.
 
 #ifndef VANTIRO_LIB_INTERNAL_READ_REPEATED_H_
 #define VANTIRO_LIB_INTERNAL_READ_REPEATED_H_
@@ -17,144 +20,147 @@
 namespace vantiro {
 namespace internal {
 
-template <typename T>
-using List = google::protobuf::RepeatedField<T>;
+using google::protobuf::RepeatedField;
 
-// Gives `list` the capacity `capacity` and no more. RepeatedField::Reserve does
-// so for an empty list only, but how far ReadUnpacked looks ahead depends on
-// it.
+// Gives `field` the capacity `capacity` and no more. RepeatedField::Reserve
+// does so only for a field without capacity, but how far ReadUnpackedVarint
+// looks ahead depends on the capacity.
 template <typename T>
-void SetCapacity(List<T>* list, int64_t capacity) {
-  if (list->Capacity() == 0) {
-    list->Reserve(static_cast<int>(std::min<int64_t>(capacity, INT32_MAX)));
+void SetCapacity(RepeatedField<T>* field, int64_t capacity) {
+  if (field->Capacity() == 0) {
+    field->Reserve(static_cast<int>(std::min<int64_t>(capacity, INT32_MAX)));
     return;
   }
-  List<T> grown(list->GetArena());
+  RepeatedField<T> grown(field->GetArena());
   grown.Reserve(static_cast<int>(std::min<int64_t>(capacity, INT32_MAX)));
-  grown.MergeFrom(*list);
-  list->UnsafeArenaSwap(&grown);
+  grown.MergeFrom(*field);
+  field->UnsafeArenaSwap(&grown);
 }
 
-// Makes room for `count` elements that come one by one: the capacity doubles,
-// from four on, until it suffices.
+// Reserves space for `count` more elements as if they were added one by one:
+// the capacity starts at four and doubles until it is large enough.
 template <typename T>
-inline void GrowByDoubling(List<T>* list, ptrdiff_t count) {
-  const int64_t wanted = list->size() + static_cast<int64_t>(count);
-  if (wanted <= list->Capacity()) return;
-  int64_t capacity = std::max<int64_t>(4, int64_t{list->Capacity()} * 2);
+inline void ReserveByDoubling(RepeatedField<T>* field, ptrdiff_t count) {
+  const int64_t wanted = field->size() + static_cast<int64_t>(count);
+  if (wanted <= field->Capacity()) return;
+  int64_t capacity = std::max<int64_t>(4, int64_t{field->Capacity()} * 2);
   while (capacity < wanted) capacity *= 2;
-  SetCapacity(list, capacity);
+  SetCapacity(field, capacity);
 }
 
-// Makes room for `count` elements that come at once: the capacity at least
-// doubles.
+// Reserves space for `count` more elements that are added together: if the
+// capacity has to grow, it at least doubles.
 template <typename T>
-inline void GrowAtOnce(List<T>* list, ptrdiff_t count) {
-  const int64_t wanted = list->size() + static_cast<int64_t>(count);
-  if (wanted <= list->Capacity()) return;
-  SetCapacity(list,
-              std::max({int64_t{4}, int64_t{list->Capacity()} * 2, wanted}));
+inline void ReserveAtOnce(RepeatedField<T>* field, ptrdiff_t count) {
+  const int64_t wanted = field->size() + static_cast<int64_t>(count);
+  if (wanted <= field->Capacity()) return;
+  SetCapacity(field,
+              std::max({int64_t{4}, int64_t{field->Capacity()} * 2, wanted}));
 }
 
-// Reads a block of varints. One that is longer than the input is read as far
-// as it goes, and the parse then fails; elements read before a failure stay.
-// The elements are counted first, so that room is made once and never for more
-// elements than there are bytes.
+// Reads the elements of a packed run of `length` bytes. If it is longer than
+// the input, what is there is read and the parse then fails. Elements read
+// before a failure stay. The elements are counted first, so that space is
+// reserved once, and never for more elements than there are bytes.
 template <typename Kind>
-const uint8_t* ReadPackedVarints(const uint8_t* p, const uint8_t* end,
-                                 ptrdiff_t length,
-                                 List<typename Kind::Type>* list) {
-  const bool cut = length > end - p;
-  if (!cut) end = p + length;
+const uint8_t* ReadPackedElements(const uint8_t* p, const uint8_t* end,
+                                  ptrdiff_t length,
+                                  RepeatedField<typename Kind::Type>* field) {
+  const bool is_truncated = length > end - p;
+  if (!is_truncated) end = p + length;
   const ptrdiff_t count =
       std::count_if(p, end, [](uint8_t byte) { return byte < 0x80; });
-  const int size = list->size();
-  GrowByDoubling(list, count);
+  const int size = field->size();
+  ReserveByDoubling(field, count);
   typename Kind::Type* const first =
-      list->AddNAlreadyReserved(static_cast<int>(count));
+      field->AddNAlreadyReserved(static_cast<int>(count));
   typename Kind::Type* element = first;
   while (p != end) {
     const Varint varint = ReadVarint(p, end);
     if (varint.next == nullptr) {
-      list->Truncate(size + static_cast<int>(element - first));
+      field->Truncate(size + static_cast<int>(element - first));
       return nullptr;
     }
     *element++ = Kind::FromVarint(varint.value);
     p = varint.next;
   }
-  return cut ? nullptr : p;
+  return is_truncated ? nullptr : p;
 }
 
-// Reads a packed block of `Kind` with its length.
+// Reads a packed run of varints.
 template <typename Kind>
-inline const uint8_t* ReadPacked(const uint8_t* p, const uint8_t* end,
-                                 const ParseState& /*state*/,
-                                 List<typename Kind::Type>* list) {
+inline const uint8_t* ReadPackedVarints(
+    const uint8_t* p, const uint8_t* end, const ParseState& /*state*/,
+    RepeatedField<typename Kind::Type>* field) {
   ptrdiff_t length;
   p = ReadLength(p, end, &length);
   if (p == nullptr) return nullptr;
-  return ReadPackedVarints<Kind>(p, end, length, list);
+  return ReadPackedElements<Kind>(p, end, length, field);
 }
 
-// The length of an enum's block is cut to 32 bits before it is looked at.
+// The length of a packed run of enums is reduced to its low 32 bits first.
 template <>
-inline const uint8_t* ReadPacked<Enum>(const uint8_t* p, const uint8_t* end,
-                                       const ParseState& /*state*/,
-                                       List<int>* list) {
+inline const uint8_t* ReadPackedVarints<Enum>(const uint8_t* p,
+                                              const uint8_t* end,
+                                              const ParseState& /*state*/,
+                                              RepeatedField<int>* field) {
   const Varint varint = ReadVarint(p, end);
   const auto length = static_cast<int32_t>(varint.value);
   if (varint.next == nullptr || length < 0) return nullptr;
-  return ReadPackedVarints<Enum>(varint.next, end, length, list);
+  return ReadPackedElements<Enum>(varint.next, end, length, field);
 }
 
-// Reads one unpacked element, and then looks ahead for the list's PACKED tag,
-// as long as the list has capacity to spare and the tag is at hand, taking what
-// follows it as an element. So a packed block right after an unpacked element
-// is misread, its length taken for an element. That is how these classes have
-// always read such bytes and it is part of their contract
-// (WireList.UnpackedBeforePacked*): do not mend it here.
+// Reads one unpacked element, and then looks ahead for the field's PACKED tag:
+// as long as the field has spare capacity and the tag lies in the same chunk of
+// the input, what follows the tag is read as one more element. So a packed run
+// directly after an unpacked element is misread: its length is read as an
+// element. These classes have always read such bytes so, and it is part of
+// their contract (WireList.UnpackedBeforePacked*): do not correct it here.
 template <typename Kind>
-const uint8_t* ReadUnpacked(const uint8_t* p, const uint8_t* end,
-                            RawTag packed_tag, const ParseState& state,
-                            List<typename Kind::Type>* list) {
+const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
+                                  RawTag packed_tag, const ParseState& state,
+                                  RepeatedField<typename Kind::Type>* field) {
   Varint varint = ReadVarint(p, end);
   if (varint.next == nullptr) return nullptr;
-  GrowByDoubling(list, 1);
-  list->AddAlreadyReserved(Kind::FromVarint(varint.value));
-  int spare = list->Capacity() - list->size();
+  ReserveByDoubling(field, 1);
+  field->AddAlreadyReserved(Kind::FromVarint(varint.value));
+  int spare = field->Capacity() - field->size();
   while (spare-- > 0 &&
-         PeekTag(varint.next, state.AtHand(varint.next, end)) == packed_tag) {
+         PeekTag(varint.next, state.EndOfLookAhead(varint.next, end)) ==
+             packed_tag) {
     varint = ReadVarint(varint.next + RawTagSize(packed_tag), end);
     if (varint.next == nullptr) return nullptr;
-    list->AddAlreadyReserved(Kind::FromVarint(varint.value));
+    field->AddAlreadyReserved(Kind::FromVarint(varint.value));
   }
   return varint.next;
 }
 
-// Enum lists do not look ahead.
+// Repeated enums do not look ahead.
 template <>
-inline const uint8_t* ReadUnpacked<Enum>(const uint8_t* p, const uint8_t* end,
-                                         RawTag /*packed_tag*/,
-                                         const ParseState& /*state*/,
-                                         List<int>* list) {
+inline const uint8_t* ReadUnpackedVarint<Enum>(const uint8_t* p,
+                                               const uint8_t* end,
+                                               RawTag /*packed_tag*/,
+                                               const ParseState& /*state*/,
+                                               RepeatedField<int>* field) {
   const Varint varint = ReadVarint(p, end);
   if (varint.next == nullptr) return nullptr;
-  GrowByDoubling(list, 1);
-  list->AddAlreadyReserved(Enum::FromVarint(varint.value));
+  ReserveByDoubling(field, 1);
+  field->AddAlreadyReserved(Enum::FromVarint(varint.value));
   return varint.next;
 }
 
-// Reads a block of floats. A length that is no multiple of four fails before
-// any element is taken. A block that is longer than the input fails: within a
-// sub-message that claims to have room for it no element is taken, otherwise as
-// many as there are.
+// Reads a packed run of floats. A length that is not a multiple of four fails
+// before any element is read. A run that is longer than the input fails: no
+// element of it is kept within a sub-message whose length claims the bytes that
+// are missing, otherwise the whole elements that are there.
 const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
-                                const ParseState& state, List<float>* list);
+                                const ParseState& state,
+                                RepeatedField<float>* field);
 
-// As ReadUnpacked, look-ahead included.
-const uint8_t* ReadUnpackedFloats(const uint8_t* p, const uint8_t* end,
-                                  RawTag packed_tag, const ParseState& state,
-                                  List<float>* list);
+// As ReadUnpackedVarint, with the same look-ahead.
+const uint8_t* ReadUnpackedFloat(const uint8_t* p, const uint8_t* end,
+                                 RawTag packed_tag, const ParseState& state,
+                                 RepeatedField<float>* field);
 
 }  // namespace internal
 }  // namespace vantiro

@@ -12,9 +12,9 @@ using google::protobuf::internal::WireFormatLite;
 
 constexpr uint64_t kNonAscii = 0x8080808080808080u;
 
-bool IsAscii(const std::string& text) {
-  const char* p = text.data();
-  const char* const end = p + text.size();
+bool IsAscii(const std::string& value) {
+  const char* p = value.data();
+  const char* const end = p + value.size();
   for (; end - p >= 8; p += 8) {
     uint64_t eight;
     std::memcpy(&eight, p, sizeof(eight));
@@ -46,11 +46,11 @@ const uint8_t* ReadString(const uint8_t* p, const uint8_t* end,
   return CheckUtf8(field->Get(), WireFormatLite::PARSE, path) ? p : nullptr;
 }
 
-bool CheckUtf8(const std::string& text, WireFormatLite::Operation operation,
+bool CheckUtf8(const std::string& value, WireFormatLite::Operation operation,
                const char* path) {
-  return IsAscii(text) ||
+  return IsAscii(value) ||
          WireFormatLite::VerifyUtf8String(
-             text.data(), static_cast<int>(text.size()), operation, path);
+             value.data(), static_cast<int>(value.size()), operation, path);
 }
 
 }  // namespace internal

@@ -1,4 +1,4 @@
-// Reading singular fields that are no varints.
+// Reading singular fields other than varints.
 
 #ifndef VANTIRO_LIB_INTERNAL_READ_SINGULAR_H_
 #define VANTIRO_LIB_INTERNAL_READ_SINGULAR_H_
@@ -15,7 +15,7 @@ namespace vantiro {
 namespace internal {
 
 static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__,
-              "floats are copied as they stand: little-endian targets only");
+              "floats are copied byte by byte: little-endian targets only");
 
 // Reads a float: any four bytes, NaN and -0.0 included.
 inline const uint8_t* ReadFloat(const uint8_t* p, const uint8_t* end,
@@ -30,19 +30,19 @@ const uint8_t* ReadBytes(const uint8_t* p, const uint8_t* end,
                          google::protobuf::internal::ArenaStringPtr* field,
                          google::protobuf::Arena* arena);
 
-// Reads a string field and fails if it isn't UTF-8, leaving the invalid bytes
-// in the field. `path` names the field in the runtime's log line.
+// Reads a string field. Fails if it is not UTF-8; the field then holds the
+// invalid bytes. `path` names the field in the runtime's log line.
 const uint8_t* ReadString(const uint8_t* p, const uint8_t* end,
                           google::protobuf::internal::ArenaStringPtr* field,
                           google::protobuf::Arena* arena, const char* path);
 
-// Whether `text` is UTF-8; if not, the runtime logs it with `path`.
-bool CheckUtf8(const std::string& text,
+// Whether `value` is UTF-8. If not, the runtime logs `path`.
+bool CheckUtf8(const std::string& value,
                google::protobuf::internal::WireFormatLite::Operation operation,
                const char* path);
 
-// Reads a sub-message and merges it into `message`. One that is longer than
-// the input is read as far as it goes, and the parse then fails.
+// Reads a sub-message and merges it into `message`. If it is longer than the
+// input, what is there is read and the parse then fails.
 template <typename T>
 inline const uint8_t* ReadMessage(const uint8_t* p, const uint8_t* end,
                                   T* message, ParseState* state) {
@@ -51,7 +51,7 @@ inline const uint8_t* ReadMessage(const uint8_t* p, const uint8_t* end,
   if (__builtin_expect(p == nullptr, false)) return nullptr;
   if (__builtin_expect(--state->recursion_budget < 0, false)) return nullptr;
   if (__builtin_expect(length > end - p, false)) {
-    state->EnterCut(length - (end - p));
+    state->EnterTruncatedMessage(length - (end - p));
     T::_InternalParseFlat(message, p, end, state);
     return nullptr;
   }

@@ -10,39 +10,38 @@ namespace internal {
 namespace {
 
 // Both are constant-initialised and trivially destroyed: nothing runs at load.
-std::mutex set_up_mutex;
-// The thread that is setting up, 0 if none is: no thread has that identity.
-std::atomic<pthread_t> set_up_thread{0};
+std::mutex init_mutex;
+// The thread that initialises, or 0, which is no thread's identity.
+std::atomic<pthread_t> init_thread{0};
 
-SetUpRecord* const* Dependencies(SetUpRecord* record) {
-  return reinterpret_cast<SetUpRecordFor<0>*>(record)->dependencies;
+SccInfoBase* const* Dependencies(SccInfoBase* scc) {
+  return reinterpret_cast<SccInfo<0>*>(scc)->dependencies;
 }
 
 // Depth first, dependencies before dependents.
-void Visit(SetUpRecord* record) {
-  if (record->visit_status.load(std::memory_order_relaxed) !=
-      SetUpRecord::kUninitialized) {
+void InitInOrder(SccInfoBase* scc) {
+  if (scc->visit_status.load(std::memory_order_relaxed) !=
+      SccInfoBase::kUninitialized) {
     return;
   }
-  record->visit_status.store(SetUpRecord::kRunning, std::memory_order_relaxed);
-  for (int i = 0; i < record->dependency_count; ++i) {
-    Visit(Dependencies(record)[i]);
+  scc->visit_status.store(SccInfoBase::kRunning, std::memory_order_relaxed);
+  for (int i = 0; i < scc->dependency_count; ++i) {
+    InitInOrder(Dependencies(scc)[i]);
   }
-  record->set_up();
-  record->visit_status.store(SetUpRecord::kInitialized,
-                             std::memory_order_release);
+  scc->init_function();
+  scc->visit_status.store(SccInfoBase::kInitialized, std::memory_order_release);
 }
 
 }  // namespace
 
-void RunSetUp(SetUpRecord* record) noexcept {
+void InitSccImpl(SccInfoBase* scc) noexcept {
   const pthread_t self = pthread_self();
-  if (set_up_thread.load(std::memory_order_relaxed) == self) return;
+  if (init_thread.load(std::memory_order_relaxed) == self) return;
   google::protobuf::internal::InitProtobufDefaults();
-  std::lock_guard<std::mutex> lock(set_up_mutex);
-  set_up_thread.store(self, std::memory_order_relaxed);
-  Visit(record);
-  set_up_thread.store(0, std::memory_order_relaxed);
+  std::lock_guard<std::mutex> lock(init_mutex);
+  init_thread.store(self, std::memory_order_relaxed);
+  InitInOrder(scc);
+  init_thread.store(0, std::memory_order_relaxed);
 }
 
 }  // namespace internal

@@ -1,5 +1,5 @@
-// Lazy set-up of default instances, in place of initialisers that run when
-// the library is loaded.
+// Lazy initialisation of default instances, so that nothing has to run when the
+// library is loaded.
 
 #ifndef VANTIRO_LIB_INTERNAL_SCC_INFO_H_
 #define VANTIRO_LIB_INTERNAL_SCC_INFO_H_
@@ -9,9 +9,9 @@
 namespace vantiro {
 namespace internal {
 
-// One record per message. Statically initialised; the list of the records that
-// it depends on follows it in memory (SetUpRecordFor).
-struct SetUpRecord {
+// The state of one message's default instance. Initialised at compile time. The
+// addresses of those that it depends on follow it in memory (SccInfo).
+struct SccInfoBase {
   enum VisitStatus : int {
     kInitialized = 0,
     kRunning = 1,
@@ -20,33 +20,33 @@ struct SetUpRecord {
 
   std::atomic<int> visit_status;
   int dependency_count;
-  // Builds the message's default instance. Called once, after those of all
+  // Constructs the default instance. Called once, after those of all
   // dependencies.
-  void (*set_up)();
+  void (*init_function)();
 };
 
-// A record with its dependencies: those of the message's field types.
+// The same with its dependencies, one for each type of the message's fields.
 template <int kCount>
-struct SetUpRecordFor {
-  SetUpRecord base;
-  SetUpRecord* dependencies[kCount == 0 ? 1 : kCount];
+struct SccInfo {
+  SccInfoBase base;
+  SccInfoBase* dependencies[kCount == 0 ? 1 : kCount];
 };
 
-// The slow road of EnsureSetUp. Safe from any thread. A set-up function
-// constructs a default instance, whose constructor calls EnsureSetUp again;
-// that call, on the same thread, returns at once.
+// The slow path of InitScc. Safe from any thread. An init function constructs a
+// default instance, whose constructor calls InitScc again; that call, on the
+// same thread, returns at once.
 //
-// What throws in there, which can only be operator new, ends the process: a
-// record that stayed half set up would hold up all threads for ever.
-void RunSetUp(SetUpRecord* record) noexcept;
+// An exception, which only operator new can throw here, ends the process: if
+// the initialisation stopped half-way, all other threads would wait for ever.
+void InitSccImpl(SccInfoBase* scc) noexcept;
 
-// Makes sure that `record` and all it depends on are set up. After the first
-// time this is one acquire load.
-inline void EnsureSetUp(SetUpRecord* record) {
-  if (__builtin_expect(record->visit_status.load(std::memory_order_acquire) !=
-                           SetUpRecord::kInitialized,
+// Makes sure that `scc` and everything that it depends on is initialised. After
+// the first time this costs one acquire load.
+inline void InitScc(SccInfoBase* scc) {
+  if (__builtin_expect(scc->visit_status.load(std::memory_order_acquire) !=
+                           SccInfoBase::kInitialized,
                        false)) {
-    RunSetUp(record);
+    InitSccImpl(scc);
   }
 }
 

@@ -1,4 +1,4 @@
-// Tags as they stand in the bytes of a record.
+// Tags in the form in which the parsers compare them: as they are encoded.
 
 #ifndef VANTIRO_LIB_INTERNAL_TAG_H_
 #define VANTIRO_LIB_INTERNAL_TAG_H_
@@ -8,11 +8,13 @@
 namespace vantiro {
 namespace internal {
 
-// A tag in its raw form: the bytes of its shortest encoding, the first one
-// lowest. Only tags of one or two bytes have one; 0 stands for none of these.
-// Comparing raw tags spares the parser the decoding of each.
+// A raw tag: the bytes of a tag's shortest encoding, the first byte lowest.
+// Only tags of one or two bytes have one; 0 means that there is none. Parsers
+// compare raw tags so that they do not have to decode each tag.
 using RawTag = uint32_t;
 
+// The largest tag of a declared field takes two bytes.
+constexpr int kMaxTagSize = 2;
 constexpr uint32_t kMaxTwoByteTag = 0x3fff;
 
 constexpr int TagSize(uint32_t tag) { return tag < 0x80 ? 1 : 2; }
@@ -27,9 +29,8 @@ constexpr uint32_t FromRawTag(RawTag raw) {
 
 constexpr int RawTagSize(RawTag raw) { return raw < 0x80 ? 1 : 2; }
 
-// The tag at `p` in its raw form, or 0 if there is none or it has another form
-// (the end of the input, a byte 00, an overlong or longer tag). Reads nothing
-// from `end` on.
+// The raw tag at `p`. Gives 0 at the end of the input, for a byte 00, and for a
+// tag that is overlong or longer than two bytes. Reads nothing from `end` on.
 __attribute__((always_inline)) inline RawTag PeekTag(const uint8_t* p,
                                                      const uint8_t* end) {
   if (__builtin_expect(p == end, false)) return 0;
@@ -41,9 +42,10 @@ __attribute__((always_inline)) inline RawTag PeekTag(const uint8_t* p,
   return first | second << 8;
 }
 
-// The same for messages whose tags all take one byte: gives 0 for longer ones.
-__attribute__((always_inline)) inline RawTag PeekShortTag(const uint8_t* p,
-                                                          const uint8_t* end) {
+// The same for messages all of whose tags take one byte: gives 0 for longer
+// tags.
+__attribute__((always_inline)) inline RawTag PeekOneByteTag(
+    const uint8_t* p, const uint8_t* end) {
   if (__builtin_expect(p == end, false)) return 0;
   const uint32_t first = p[0];
   return first < 0x80 ? first : 0;

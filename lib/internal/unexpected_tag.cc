@@ -7,23 +7,23 @@ namespace vantiro {
 namespace internal {
 namespace {
 
-NextTag EndAtBadTag(const uint8_t* p, ParseState* state) {
+NextTag EndAtInvalidTag(const uint8_t* p, ParseState* state) {
   if (!state->in_root()) return {nullptr, 0};
-  state->ended_at_bad_tag = true;
+  state->ended_at_invalid_tag = true;
   return {p, 0};
 }
 
 }  // namespace
 
-NextTag ReadUnusualTag(const uint8_t* p, const uint8_t* end, RawTag raw,
-                       google::protobuf::internal::InternalMetadata* metadata,
-                       ParseState* state) {
+NextTag HandleUnexpectedTag(
+    const uint8_t* p, const uint8_t* end, RawTag raw,
+    google::protobuf::internal::InternalMetadata* metadata, ParseState* state) {
   uint32_t tag = FromRawTag(raw);
   const uint8_t* value = p + RawTagSize(raw);
   if (raw == 0) {
     const Varint varint = ReadVarint(p, end);
     tag = static_cast<uint32_t>(varint.value);
-    if (varint.next == nullptr || tag == 0) return EndAtBadTag(p, state);
+    if (varint.next == nullptr || tag == 0) return EndAtInvalidTag(p, state);
     value = varint.next;
     if (tag <= kMaxTwoByteTag) return {value - TagSize(tag), ToRawTag(tag)};
   }

@@ -1,4 +1,4 @@
-// What the parsers do with a tag that is not the raw tag of a declared field.
+// What a parser does at a tag that none of its declared fields takes.
 
 #ifndef VANTIRO_LIB_INTERNAL_UNEXPECTED_TAG_H_
 #define VANTIRO_LIB_INTERNAL_UNEXPECTED_TAG_H_
@@ -13,26 +13,29 @@
 namespace vantiro {
 namespace internal {
 
-// Where a parser goes on: a position, null for a failure, and the raw tag that
-// it is to take the position for.
+// Where a parser continues: at position `p`, which is null on failure, with the
+// raw tag `tag`.
 struct NextTag {
   const uint8_t* p;
   RawTag tag;
 };
 
-// Called by a parser at `p`, before `end`, when none of its fields took
-// anything. `tag` is what PeekTag gave for `p`.
+// Called by a parser at `p`, before `end`, when none of its fields matched
+// `tag`, which is what PeekTag gave for `p`.
 //
-// - An overlong tag is brought into its raw form, and the position returned is
-//   such that the value stands RawTagSize bytes behind it. The parser tries its
-//   fields once more.
-// - A field that the message doesn't declare, or declares with another wire
+// - An overlong tag that has a raw tag: returns the raw tag, and a position
+// such
+//   that the value starts RawTagSize bytes after it. The parser then tries its
+//   fields again.
+// - A field that the message does not declare, or declares with another wire
 //   type, is appended to the unknown fields in canonical form.
-// - A tag of value 0, or one that the end of the input cuts off, fails in a
-//   sub-message. It ends the parse in the root (ParseState::ended_at_bad_tag).
-NextTag ReadUnusualTag(const uint8_t* p, const uint8_t* end, RawTag tag,
-                       google::protobuf::internal::InternalMetadata* metadata,
-                       ParseState* state);
+// - A tag of value 0, or one that the end of the input truncates, is a failure
+// in
+//   a sub-message. In the root message it ends the parse
+//   (ParseState::ended_at_invalid_tag).
+NextTag HandleUnexpectedTag(
+    const uint8_t* p, const uint8_t* end, RawTag tag,
+    google::protobuf::internal::InternalMetadata* metadata, ParseState* state);
 
 }  // namespace internal
 }  // namespace vantiro

@@ -66,7 +66,7 @@ const uint8_t* UnknownFieldReader::ReadGroup(uint32_t tag, const uint8_t* p) {
     p = inner.next;
     if (WireFormatLite::GetTagWireType(inner_tag) ==
         WireFormatLite::WIRETYPE_END_GROUP) {
-      // A mismatched end tag fails, but is kept like the group's other bytes.
+      // A mismatched end-group tag fails, but is kept with the group's bytes.
       AppendVarint(inner_tag);
       if (WireFormatLite::GetTagFieldNumber(inner_tag) !=
           WireFormatLite::GetTagFieldNumber(tag)) {
@@ -81,7 +81,7 @@ const uint8_t* UnknownFieldReader::ReadGroup(uint32_t tag, const uint8_t* p) {
 }
 
 void UnknownFieldReader::AppendVarint(uint64_t value) {
-  uint8_t buffer[10];
+  uint8_t buffer[kMaxVarintSize];
   const uint8_t* const end =
       google::protobuf::io::CodedOutputStream::WriteVarint64ToArray(value,
                                                                     buffer);

@@ -1,4 +1,4 @@
-// Reading fields that a message doesn't know, and keeping their bytes.
+// Reading the fields that a message does not declare, and keeping their bytes.
 
 #ifndef VANTIRO_LIB_INTERNAL_UNKNOWN_FIELD_H_
 #define VANTIRO_LIB_INTERNAL_UNKNOWN_FIELD_H_
@@ -11,9 +11,9 @@
 namespace vantiro {
 namespace internal {
 
-// Reads one unknown field and appends it to a message's unknown fields: tag,
-// varints and lengths in their shortest encoding, groups with all they hold.
-// Of a field that fails, what was read before the fault is kept.
+// Reads unknown fields and appends them to a message's unknown fields: tags,
+// varints and lengths in their shortest encoding, groups with everything in
+// them. Of a group that fails, what was read before the failure is kept.
 class UnknownFieldReader {
  public:
   // Reads up to `end`. Each group takes a level of `*recursion_budget`.
@@ -22,9 +22,9 @@ class UnknownFieldReader {
                      int* recursion_budget)
       : end_(end), metadata_(metadata), recursion_budget_(recursion_budget) {}
 
-  // Reads the field of the tag `tag`, whose value starts at `p`. Returns the
-  // position behind it, or null: for field number 0, for an end-group tag, for
-  // wire types 6 and 7, and for a value that the input doesn't hold.
+  // Reads the field with the tag `tag`, whose value starts at `p`. Returns the
+  // position after it. Returns null for field number 0, for an end-group tag,
+  // for wire types 6 and 7, and for a value that the input truncates.
   const uint8_t* Read(uint32_t tag, const uint8_t* p);
 
  private:

@@ -10,14 +10,17 @@
 namespace vantiro {
 namespace internal {
 
-// A varint read: its value, and the position behind it, null if the input ends
-// within it or it has more than ten bytes.
+// The most bytes that a varint may have.
+constexpr int kMaxVarintSize = 10;
+
+// A varint that was read: its value, and the position after it, which is null
+// if the input ends within the varint or the varint has more than ten bytes.
 struct Varint {
   const uint8_t* next;
   uint64_t value;
 };
 
-// Varints of any length. Bits beyond the 64th are dropped.
+// Reads a varint of any length. Bits beyond the 64th are dropped.
 Varint ReadLongVarint(const uint8_t* p, const uint8_t* end);
 
 __attribute__((always_inline)) inline Varint ReadVarint(const uint8_t* p,
@@ -31,8 +34,8 @@ __attribute__((always_inline)) inline Varint ReadVarint(const uint8_t* p,
   return ReadLongVarint(p, end);
 }
 
-// The kinds of field that are varints on the wire: how a value comes out of a
-// varint. 32-bit kinds take the low 32 bits, whatever stands above them.
+// The kinds of field that are varints on the wire: how each gets its value from
+// the varint. 32-bit kinds take the low 32 bits and ignore the others.
 struct UInt32 {
   using Type = uint32_t;
   static Type FromVarint(uint64_t v) { return static_cast<uint32_t>(v); }
@@ -66,13 +69,13 @@ struct Bool {
   using Type = bool;
   static Type FromVarint(uint64_t v) { return v != 0; }
 };
-// Enums are open: the number is taken as it comes, declared or not.
+// Enums are open: any number is taken, declared or not.
 struct Enum {
   using Type = int;
   static Type FromVarint(uint64_t v) { return static_cast<int>(v); }
 };
 
-// Reads a singular field of `Kind`. Returns the position behind it, or null.
+// Reads a singular field of `Kind`. Returns the position after it, or null.
 template <typename Kind>
 inline const uint8_t* ReadVarintField(const uint8_t* p, const uint8_t* end,
                                       typename Kind::Type* field) {
@@ -83,8 +86,8 @@ inline const uint8_t* ReadVarintField(const uint8_t* p, const uint8_t* end,
   return varint.next;
 }
 
-// Reads the length of a string, a block or a sub-message. Fails, giving null,
-// above 2^31 - 1.
+// Reads the length of a string, a packed run or a sub-message. Returns the
+// position after it, or null on failure, also for a length above 2^31 - 1.
 inline const uint8_t* ReadLength(const uint8_t* p, const uint8_t* end,
                                  ptrdiff_t* length) {
   const Varint varint = ReadVarint(p, end);

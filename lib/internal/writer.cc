@@ -11,9 +11,9 @@ uint8_t* Writer::Flush(uint8_t* p) {
 }
 
 void Writer::Send(const void* data, ptrdiff_t size) {
-  size = std::min(size, allowed_);
+  size = std::min(size, remaining_);
   if (size == 0) return;
-  allowed_ -= size;
+  remaining_ -= size;
   target_ = stream_->WriteRaw(data, static_cast<int>(size), target_);
 }
 
@@ -23,15 +23,15 @@ uint8_t* WriteLongVarint(uint8_t* p, uint64_t value) {
                                                        << 4;
   spread = (spread & 0x00003fff00003fff) | (spread & 0x0fffc0000fffc000) << 2;
   spread = (spread & 0x007f007f007f007f) | (spread & 0x3f803f803f803f80) << 1;
-  constexpr uint64_t kContinued = 0x8080808080808080;
+  constexpr uint64_t kContinuationBits = 0x8080808080808080;
   const uint64_t high = value >> 56;
   if (high == 0) {
     const int last = (63 - __builtin_clzll(spread)) / 8;
-    spread |= kContinued & ((uint64_t{1} << (8 * last)) - 1);
+    spread |= kContinuationBits & ((uint64_t{1} << (8 * last)) - 1);
     std::memcpy(p, &spread, sizeof(spread));
     return p + last + 1;
   }
-  spread |= kContinued;
+  spread |= kContinuationBits;
   std::memcpy(p, &spread, sizeof(spread));
   p[8] = static_cast<uint8_t>(high);
   if (high < 0x80) return p + 9;

@@ -15,51 +15,58 @@
 #include <string>
 
 #include "internal/tag.h"
+#include "internal/varint.h"
 
 namespace vantiro {
 namespace internal {
 
-// Hands out room to write to, in a buffer of its own that it sends to the
-// stream when it is full. The emitted code asks once for a run of small fields
-// (Room) and then writes through a bare pointer, `p`, which it passes on. One
-// copy of every byte is cheaper than asking the stream for room every few
-// bytes, and the stream sees only whole blocks: nothing is ever written outside
-// its space.
+// Writes a varint of three bytes or more. Stores at least eight bytes at `p`,
+// so up to kLongVarintOverrun bytes after the varint change too.
+uint8_t* WriteLongVarint(uint8_t* p, uint64_t value);
+constexpr int kLongVarintOverrun = sizeof(uint64_t) - 3;
+
+// Gives the space that emitted code writes to: a buffer, which is copied to the
+// stream when it is full. Emitted code calls EnsureSpace once for a run of
+// small fields and then writes through a plain pointer, `p`. Copying every byte
+// once more costs less than asking the stream for space every few bytes. It
+// also means that nothing is ever written outside the stream's space.
 class Writer {
  public:
-  // What becomes of bytes beyond the cached size of the root, which only a
-  // stale cached size can bring about.
-  enum class Excess {
-    // They are dropped: the stream may be a bare array of just that size.
+  // What happens to bytes beyond the cached size of the root message. There are
+  // such bytes only if a cached size is stale.
+  enum class Overflow {
+    // They are dropped: the stream may be an array of exactly the cached size.
     kDrop,
-    // They go to the stream too.
-    kKeep,
+    // They are written to the stream.
+    kWrite,
   };
 
-  // The most that one call of Room may ask for.
-  static constexpr int kMaxRoom = 128;
-  static constexpr int kBufferSize = 8 * kMaxRoom;
+  // The most that one call of EnsureSpace may ask for.
+  static constexpr int kMaxSpace = 128;
+  static constexpr int kBufferSize = 8 * kMaxSpace;
 
-  // Writes to `stream`, whose position is `target`, a record whose root has
-  // the cached size `size`.
+  // Writes to `stream`, whose position is `target`, a record whose root message
+  // has the cached size `size`.
   Writer(uint8_t* target, google::protobuf::io::EpsCopyOutputStream* stream,
-         int size, Excess excess)
+         int size, Overflow overflow)
       : stream_(stream),
         target_(target),
-        allowed_(excess == Excess::kDrop ? size : PTRDIFF_MAX) {}
+        remaining_(overflow == Overflow::kDrop ? size : PTRDIFF_MAX) {}
   Writer(const Writer&) = delete;
   Writer& operator=(const Writer&) = delete;
 
   // Where to write first.
   uint8_t* Begin() { return buffer_; }
 
-  // Where to write on so that `size` bytes fit, at most kMaxRoom.
-  uint8_t* Room(uint8_t* p, int size) {
-    const bool fits = buffer_ + kBufferSize - p >= size;
+  // The position to continue at, where `kSize` bytes fit.
+  template <int kSize>
+  uint8_t* EnsureSpace(uint8_t* p) {
+    static_assert(kSize <= kMaxSpace, "more than the buffer is sure to hold");
+    const bool fits = buffer_ + kBufferSize - p >= kSize;
     return __builtin_expect(fits, true) ? p : Flush(p);
   }
 
-  // Writes `size` bytes, as many as they may be.
+  // Writes any number of bytes.
   uint8_t* WriteRaw(uint8_t* p, const void* data, ptrdiff_t size) {
     const bool fits = buffer_ + kBufferSize - p >= size;
     if (__builtin_expect(!fits, false)) {
@@ -73,14 +80,16 @@ class Writer {
 
   // Ends the writing. Returns the stream's new position.
   uint8_t* Finish(uint8_t* p) {
-    const ptrdiff_t size = std::min<ptrdiff_t>(p - buffer_, allowed_);
-    // An empty record may be written to nowhere.
+    const ptrdiff_t size = std::min<ptrdiff_t>(p - buffer_, remaining_);
+    // The stream of an empty record may have no memory at all.
     if (size == 0) return target_;
     if (size < 8 || size > 16) {
       return stream_->WriteRaw(buffer_, static_cast<int>(size), target_);
     }
-    // The smallest records, where the call of a copy would tell. The stream
-    // always has room for 16 bytes.
+    // A short record, for which a call of memcpy would take a noticeable part
+    // of the time.
+    static_assert(google::protobuf::io::EpsCopyOutputStream::kSlopBytes >= 16,
+                  "the stream always has space for 16 bytes");
     target_ = stream_->EnsureSpace(target_);
     std::memcpy(target_, buffer_, 8);
     std::memcpy(target_ + size - 8, buffer_ + size - 8, 8);
@@ -88,16 +97,15 @@ class Writer {
   }
 
  private:
-  // Sends what the buffer holds up to `p`, and gives the buffer to write to.
+  // Sends the buffer up to `p` to the stream. Returns the buffer's begin.
   uint8_t* Flush(uint8_t* p);
   void Send(const void* data, ptrdiff_t size);
 
   google::protobuf::io::EpsCopyOutputStream* const stream_;
-  // The stream's position, and how many bytes it may still be given.
+  // The stream's position, and how many more bytes may be written to it.
   uint8_t* target_;
-  ptrdiff_t allowed_;
-  // With some bytes to spare for WriteLongVarint.
-  uint8_t buffer_[kBufferSize + 8];
+  ptrdiff_t remaining_;
+  uint8_t buffer_[kBufferSize + kLongVarintOverrun];
 };
 
 template <uint32_t kTag>
@@ -107,10 +115,6 @@ inline uint8_t* WriteTag(uint8_t* p) {
   if (TagSize(kTag) == 2) p[1] = static_cast<uint8_t>(kRaw >> 8);
   return p + TagSize(kTag);
 }
-
-// Writes a varint of three bytes or more. May overwrite what stands behind it,
-// up to the tenth byte.
-uint8_t* WriteLongVarint(uint8_t* p, uint64_t value);
 
 __attribute__((always_inline)) inline uint8_t* WriteVarint(uint8_t* p,
                                                            uint64_t value) {
@@ -131,9 +135,9 @@ inline uint8_t* WriteFloat(uint8_t* p, float value) {
   return p + sizeof(value);
 }
 
-// The test of a floating compare with 0.0, by the bits but for the sign: both
-// zeros are zero (WireScalars.NegativeZero*), a NaN is not. One branch, where
-// the compare itself would take two.
+// Whether `value` compares unequal to 0.0: false for both zeros
+// (WireScalars.NegativeZero*), true for a NaN. Testing the bits takes one
+// branch, the comparison itself two.
 inline bool IsNonZero(float value) {
   uint32_t bits;
   std::memcpy(&bits, &value, sizeof(bits));
@@ -145,7 +149,7 @@ inline uint8_t* WriteTrue(uint8_t* p) {
   return p + 1;
 }
 
-// A negative int32 or enum is extended to 64 bits: ten bytes.
+// A negative int32 or enum is sign-extended to 64 bits and takes ten bytes.
 inline uint64_t ToVarint(int32_t value) {
   return static_cast<uint64_t>(static_cast<int64_t>(value));
 }
@@ -160,13 +164,10 @@ inline uint64_t ToZigZag(int64_t value) {
   return google::protobuf::internal::WireFormatLite::ZigZagEncode64(value);
 }
 
-constexpr int kMaxTagSize = 2;
-constexpr int kMaxLengthSize = 10;
-
 // Writes a sub-message with its cached size as its length.
 template <uint32_t kTag, typename T>
 inline uint8_t* WriteMessage(uint8_t* p, const T& message, Writer* writer) {
-  p = writer->Room(p, kMaxTagSize + kMaxLengthSize);
+  p = writer->EnsureSpace<kMaxTagSize + kMaxVarintSize>(p);
   p = WriteTag<kTag>(p);
   p = WriteVarint(p, static_cast<uint32_t>(message._InternalCachedSize()));
   return message._InternalSerializeFlat(p, writer);
@@ -176,38 +177,40 @@ inline uint8_t* WriteMessage(uint8_t* p, const T& message, Writer* writer) {
 template <uint32_t kTag>
 inline uint8_t* WriteBytes(uint8_t* p, const std::string& bytes,
                            Writer* writer) {
-  p = writer->Room(p, kMaxTagSize + kMaxLengthSize);
+  p = writer->EnsureSpace<kMaxTagSize + kMaxVarintSize>(p);
   p = WriteTag<kTag>(p);
   p = WriteVarint(p, bytes.size());
   return writer->WriteRaw(p, bytes.data(),
                           static_cast<ptrdiff_t>(bytes.size()));
 }
 
-// Writes the tag and the cached length of a packed block.
+// Writes the tag and the length of a packed run, which is its cached size.
 template <uint32_t kTag>
-inline uint8_t* WriteBlockHead(uint8_t* p, int cached_size, Writer* writer) {
-  p = writer->Room(p, kMaxTagSize + kMaxLengthSize);
+inline uint8_t* WritePackedHeader(uint8_t* p, int cached_size, Writer* writer) {
+  p = writer->EnsureSpace<kMaxTagSize + kMaxVarintSize>(p);
   p = WriteTag<kTag>(p);
   return WriteVarint(p, static_cast<uint32_t>(cached_size));
 }
 
-// Writes a list of floats that isn't empty, -0.0 and all.
+// Writes a repeated float that isn't empty. Elements are written whatever their
+// value, also -0.0.
 template <uint32_t kTag>
 inline uint8_t* WritePackedFloats(
-    uint8_t* p, const google::protobuf::RepeatedField<float>& list,
+    uint8_t* p, const google::protobuf::RepeatedField<float>& field,
     int cached_size, Writer* writer) {
-  p = WriteBlockHead<kTag>(p, cached_size, writer);
-  return writer->WriteRaw(p, list.data(), list.size() * ptrdiff_t{4});
+  p = WritePackedHeader<kTag>(p, cached_size, writer);
+  return writer->WriteRaw(p, field.data(),
+                          field.size() * static_cast<ptrdiff_t>(sizeof(float)));
 }
 
-// Writes a list of varints that isn't empty. `kToVarint` gives an element's.
+// Writes a repeated varint that isn't empty. `kToVarint` encodes an element.
 template <uint32_t kTag, typename T, uint64_t (*kToVarint)(T)>
 inline uint8_t* WritePackedVarints(
-    uint8_t* p, const google::protobuf::RepeatedField<T>& list, int cached_size,
-    Writer* writer) {
-  p = WriteBlockHead<kTag>(p, cached_size, writer);
-  for (const T element : list) {
-    p = writer->Room(p, kMaxLengthSize);
+    uint8_t* p, const google::protobuf::RepeatedField<T>& field,
+    int cached_size, Writer* writer) {
+  p = WritePackedHeader<kTag>(p, cached_size, writer);
+  for (const T element : field) {
+    p = writer->EnsureSpace<kMaxVarintSize>(p);
     p = WriteVarint(p, kToVarint(element));
   }
   return p;
@@ -226,7 +229,7 @@ inline size_t UnknownFieldsSize(
              : 0;
 }
 
-// Writes the unknown fields as they stand, behind all known ones.
+// Writes the unknown fields unchanged. They follow all declared fields.
 inline uint8_t* WriteUnknownFields(
     uint8_t* p, const google::protobuf::internal::InternalMetadata& metadata,
     Writer* writer) {
