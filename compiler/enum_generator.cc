@@ -1,7 +1,6 @@
 #include "compiler/enum_generator.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "compiler/names.h"
 #include "compiler/template.h"
@@ -26,45 +25,41 @@ Values ValuesSorted(const EnumDescriptor* enum_type,
   return values;
 }
 
-Values ByName(const EnumDescriptor* enum_type) {
-  return ValuesSorted(enum_type, [](const EnumValueDescriptor* a,
-                                    const EnumValueDescriptor* b) {
-    return a->name() < b->name();
-  });
+bool NameIsLess(const EnumValueDescriptor* a, const EnumValueDescriptor* b) {
+  return a->name() < b->name();
 }
 
-Values ByNumber(const EnumDescriptor* enum_type) {
-  return ValuesSorted(enum_type, [](const EnumValueDescriptor* a,
-                                    const EnumValueDescriptor* b) {
-    return a->number() < b->number();
-  });
+bool NumberIsLess(const EnumValueDescriptor* a, const EnumValueDescriptor* b) {
+  return a->number() < b->number();
 }
 
-Holes EnumHoles(const EnumDescriptor* enum_type) {
-  const Values by_number = ByNumber(enum_type);
-  return {{"Enum", enum_type->name()},
-          {"QualifiedEnum", QualifiedName(enum_type)},
-          {"min", by_number.front()->name()},
-          {"max", by_number.back()->name()},
-          {"count", std::to_string(by_number.size())}};
+}  // namespace
+
+EnumGenerator::EnumGenerator(const EnumDescriptor* enum_type)
+    : enum_type_(enum_type),
+      by_name_(ValuesSorted(enum_type, NameIsLess)),
+      by_number_(ValuesSorted(enum_type, NumberIsLess)),
+      variables_({{"Enum", enum_type->name()},
+                  {"QualifiedEnum", QualifiedName(enum_type)},
+                  {"min", by_number_.front()->name()},
+                  {"max", by_number_.back()->name()},
+                  {"count", std::to_string(by_number_.size())}}) {}
+
+bool EnumGenerator::IsDenseFromZero() const {
+  return by_number_.front()->number() == 0 &&
+         by_number_.back()->number() == static_cast<int>(by_number_.size()) - 1;
 }
 
-bool IsDenseFromZero(const Values& by_number) {
-  return by_number.front()->number() == 0 &&
-         by_number.back()->number() == static_cast<int>(by_number.size()) - 1;
-}
-
-std::string ValidityTest(const EnumDescriptor* enum_type) {
-  const Values by_number = ByNumber(enum_type);
-  if (IsDenseFromZero(by_number)) {
+std::string EnumGenerator::ValidityTest() const {
+  if (IsDenseFromZero()) {
     return "return static_cast<unsigned int>(value) < " +
-           std::to_string(by_number.size()) + ";\n";
+           std::to_string(by_number_.size()) + ";\n";
   }
   std::string cases;
-  for (const EnumValueDescriptor* value : by_number) {
+  for (const EnumValueDescriptor* value : by_number_) {
     cases += "case " + std::to_string(value->number()) + ":\n";
   }
-  return Fill({{"cases", cases}}, R"(
+  return Substitute({{"cases", cases}}, R"(
       switch (value) {
         $cases$
           return true;
@@ -74,48 +69,44 @@ std::string ValidityTest(const EnumDescriptor* enum_type) {
   )");
 }
 
-// All names laid end to end, and for each entry its place among them.
-struct NameTable {
-  std::string names;
-  std::string entries;
-};
-
-NameTable MakeNameTable(const EnumDescriptor* enum_type) {
-  NameTable table;
-  size_t offset = 0;
-  for (const EnumValueDescriptor* value : ByName(enum_type)) {
-    const std::string size = std::to_string(value->name().size());
-    table.names += "\"" + value->name() + "\"\n";
-    table.entries += "{" + enum_type->name() + "_names + " +
-                     std::to_string(offset) + ", " + size + ", " +
-                     std::to_string(value->number()) + "},\n";
-    offset += value->name().size();
+std::string EnumGenerator::Names() const {
+  std::string result;
+  for (const EnumValueDescriptor* value : by_name_) {
+    result += "\"" + value->name() + "\"\n";
   }
-  table.names.back() = ';';
-  table.names += '\n';
-  return table;
+  result.back() = ';';
+  return result + '\n';
 }
 
-std::string EntriesByNumber(const EnumDescriptor* enum_type) {
-  const Values by_name = ByName(enum_type);
+std::string EnumGenerator::Entries() const {
   std::string result;
-  for (const EnumValueDescriptor* value : ByNumber(enum_type)) {
-    const auto entry = std::find(by_name.begin(), by_name.end(), value);
-    result += std::to_string(entry - by_name.begin()) + ",  // " +
+  size_t offset = 0;
+  for (const EnumValueDescriptor* value : by_name_) {
+    result += "{" + enum_type_->name() + "_names + " + std::to_string(offset) +
+              ", " + std::to_string(value->name().size()) + ", " +
+              std::to_string(value->number()) + "},\n";
+    offset += value->name().size();
+  }
+  return result;
+}
+
+std::string EnumGenerator::EntriesByNumber() const {
+  std::string result;
+  for (const EnumValueDescriptor* value : by_number_) {
+    const auto entry = std::find(by_name_.begin(), by_name_.end(), value);
+    result += std::to_string(entry - by_name_.begin()) + ",  // " +
               value->name() + "\n";
   }
   return result;
 }
 
-}  // namespace
-
-std::string EnumDeclaration(const EnumDescriptor* enum_type) {
+std::string EnumGenerator::Declaration() const {
   std::string values;
-  for (int i = 0; i < enum_type->value_count(); ++i) {
-    values += enum_type->value(i)->name() + " = " +
-              std::to_string(enum_type->value(i)->number()) + ",\n";
+  for (int i = 0; i < enum_type_->value_count(); ++i) {
+    values += enum_type_->value(i)->name() + " = " +
+              std::to_string(enum_type_->value(i)->number()) + ",\n";
   }
-  return Fill(With(EnumHoles(enum_type), {{"values", values}}), R"(
+  return Substitute(Combine(variables_, {{"values", values}}), R"(
       enum $Enum$ : int {
         $values$
         $Enum$_INT_MIN_SENTINEL_DO_NOT_USE_ =
@@ -146,21 +137,20 @@ std::string EnumDeclaration(const EnumDescriptor* enum_type) {
   )") + "\n";
 }
 
-std::string EnumTrait(const EnumDescriptor* enum_type) {
-  return Fill(EnumHoles(enum_type), R"(
+std::string EnumGenerator::Trait() const {
+  return Substitute(variables_, R"(
       template <>
       struct is_proto_enum<$QualifiedEnum$> : ::std::true_type {};
   )");
 }
 
-std::string EnumDefinition(const EnumDescriptor* enum_type) {
-  const NameTable table = MakeNameTable(enum_type);
-  return Fill(With(EnumHoles(enum_type),
-                   {{"names", table.names},
-                    {"entries", table.entries},
-                    {"entries_by_number", EntriesByNumber(enum_type)},
-                    {"validity_test", ValidityTest(enum_type)}}),
-              R"(
+std::string EnumGenerator::Definition() const {
+  return Substitute(
+      Combine(variables_, {{"names", Names()},
+                           {"entries", Entries()},
+                           {"entries_by_number", EntriesByNumber()},
+                           {"validity_test", ValidityTest()}}),
+      R"(
       // $Enum$
 
       static const char $Enum$_names[] =

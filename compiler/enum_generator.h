@@ -1,4 +1,4 @@
-// Emits an enum: its C++ type and its functions.
+// Emits the code of an enum: its C++ type and its functions.
 
 #ifndef VANTIRO_COMPILER_ENUM_GENERATOR_H_
 #define VANTIRO_COMPILER_ENUM_GENERATOR_H_
@@ -6,18 +6,40 @@
 #include <google/protobuf/descriptor.h>
 
 #include <string>
+#include <vector>
+
+#include "compiler/template.h"
 
 namespace vantiro {
 namespace compiler {
 
-// The enum and the declarations of its functions.
-std::string EnumDeclaration(const google::protobuf::EnumDescriptor* enum_type);
+class EnumGenerator {
+ public:
+  explicit EnumGenerator(const google::protobuf::EnumDescriptor* enum_type);
 
-// What marks the enum as one of Protocol Buffers, for the runtime's namespace.
-std::string EnumTrait(const google::protobuf::EnumDescriptor* enum_type);
+  // The header: the enum and the declarations of its functions; the type trait
+  // by which the runtime knows enums, for the runtime's namespace.
+  std::string Declaration() const;
+  std::string Trait() const;
 
-// The enum's tables and functions.
-std::string EnumDefinition(const google::protobuf::EnumDescriptor* enum_type);
+  // The source: the tables and functions.
+  std::string Definition() const;
+
+ private:
+  using Values = std::vector<const google::protobuf::EnumValueDescriptor*>;
+
+  bool IsDenseFromZero() const;
+  std::string ValidityTest() const;
+  // All names as one literal without terminators.
+  std::string Names() const;
+  std::string Entries() const;
+  std::string EntriesByNumber() const;
+
+  const google::protobuf::EnumDescriptor* const enum_type_;
+  const Values by_name_;
+  const Values by_number_;
+  const Variables variables_;
+};
 
 }  // namespace compiler
 }  // namespace vantiro

@@ -1,105 +1,40 @@
 #include "compiler/file_generator.h"
 
-#include <functional>
 #include <map>
-#include <memory>
-#include <vector>
 
-#include "compiler/enum_generator.h"
-#include "compiler/message_generator.h"
 #include "compiler/names.h"
-#include "compiler/template.h"
 
 namespace vantiro {
 namespace compiler {
 namespace {
 
 using google::protobuf::Descriptor;
-using google::protobuf::EnumDescriptor;
 using google::protobuf::FileDescriptor;
 
-using Messages = std::vector<std::unique_ptr<Message>>;
+using Enums = std::vector<std::unique_ptr<EnumGenerator>>;
+using Messages = std::vector<std::unique_ptr<MessageGenerator>>;
 
-// Nested messages stand before the one that holds them.
-void Collect(const Descriptor* message, Messages* messages) {
-  for (int i = 0; i < message->nested_type_count(); ++i) {
-    Collect(message->nested_type(i), messages);
+Enums MakeEnumGenerators(const FileDescriptor* file) {
+  Enums enums;
+  for (int i = 0; i < file->enum_type_count(); ++i) {
+    enums.push_back(std::make_unique<EnumGenerator>(file->enum_type(i)));
   }
-  messages->push_back(std::make_unique<Message>(message));
+  return enums;
 }
 
-Messages MessagesOf(const FileDescriptor* file) {
+void AddMessageGenerators(const Descriptor* message, Messages* messages) {
+  for (int i = 0; i < message->nested_type_count(); ++i) {
+    AddMessageGenerators(message->nested_type(i), messages);
+  }
+  messages->push_back(std::make_unique<MessageGenerator>(message));
+}
+
+Messages MakeMessageGenerators(const FileDescriptor* file) {
   Messages messages;
   for (int i = 0; i < file->message_type_count(); ++i) {
-    Collect(file->message_type(i), &messages);
+    AddMessageGenerators(file->message_type(i), &messages);
   }
   return messages;
-}
-
-std::string ForEnums(const FileDescriptor* file,
-                     std::string (*text)(const EnumDescriptor*)) {
-  std::string result;
-  for (int i = 0; i < file->enum_type_count(); ++i) {
-    result += text(file->enum_type(i));
-  }
-  return result;
-}
-
-std::string ForMessages(
-    const Messages& messages,
-    const std::function<std::string(const Message&)>& text) {
-  std::string result;
-  for (const auto& message : messages) result += text(*message);
-  return result;
-}
-
-Holes FileHoles(const FileDescriptor* file) {
-  return {{"file", file->name()},
-          {"Stem", Stem(file)},
-          {"guard", HeaderGuard(file)},
-          {"open", OpenNamespaces(file)},
-          {"close", CloseNamespaces(file)}};
-}
-
-std::string ImportedHeaders(const FileDescriptor* file) {
-  std::string result;
-  for (int i = 0; i < file->dependency_count(); ++i) {
-    result += "#include \"" + Stem(file->dependency(i)) + ".pb.h\"\n";
-  }
-  return result.empty() ? "" : result + "\n";
-}
-
-std::string ForwardDeclarations(const Message& message) {
-  return Fill({{"Class", ClassName(message.descriptor())},
-               {"default_instance", DefaultInstanceName(message.descriptor())}},
-              R"(
-      class $Class$;
-      class $Class$DefaultTypeInternal;
-      extern $Class$DefaultTypeInternal $default_instance$;
-  )");
-}
-
-std::string CreationDeclaration(const Message& message) {
-  return Fill({{"QualifiedClass", QualifiedName(message.descriptor())}}, R"(
-      template <>
-      $QualifiedClass$*
-      Arena::CreateMaybeMessage<$QualifiedClass$>(Arena* arena);
-  )");
-}
-
-// Without arenas an object may lie on one, but never knows it: the arena runs
-// its destructor, and it owns its children on the heap.
-std::string CreationDefinition(const Message& message) {
-  const bool has_arenas = HasArenas(message.descriptor()->file());
-  return Fill({{"QualifiedClass", QualifiedName(message.descriptor())},
-               {"Create", has_arenas ? "CreateMessageInternal" : "Create"}},
-              R"(
-      template <>
-      $QualifiedClass$*
-      Arena::CreateMaybeMessage<$QualifiedClass$>(Arena* arena) {
-        return Arena::$Create$<$QualifiedClass$>(arena);
-      }
-  )");
 }
 
 size_t CountDependencies(const Descriptor* message) {
@@ -111,14 +46,46 @@ size_t CountDependencies(const Descriptor* message) {
   return types.size();
 }
 
-// The set-up records of this unit, and those of other units that they need.
-std::string SetUpRecordDeclarations(const Messages& messages) {
+}  // namespace
+
+FileGenerator::FileGenerator(const FileDescriptor* file)
+    : file_(file),
+      variables_({{"file", file->name()},
+                  {"Stem", Stem(file)},
+                  {"guard", HeaderGuard(file)},
+                  {"open", OpenNamespaces(file)},
+                  {"close", CloseNamespaces(file)}}),
+      enums_(MakeEnumGenerators(file)),
+      messages_(MakeMessageGenerators(file)) {}
+
+std::string FileGenerator::ForEnums(EnumFunction function) const {
+  std::string result;
+  for (const auto& generator : enums_) result += ((*generator).*function)();
+  return result;
+}
+
+std::string FileGenerator::ForMessages(MessageFunction function) const {
+  std::string result;
+  for (const auto& generator : messages_) result += ((*generator).*function)();
+  return result;
+}
+
+std::string FileGenerator::ImportedHeaders() const {
+  std::string result;
+  for (int i = 0; i < file_->dependency_count(); ++i) {
+    result += "#include \"" + Stem(file_->dependency(i)) + ".pb.h\"\n";
+  }
+  return result.empty() ? "" : result + "\n";
+}
+
+// The SccInfo objects of this unit, and those of other units that they need.
+std::string FileGenerator::SccInfoDeclarations() const {
   std::map<std::string, const Descriptor*> needed;
-  for (const auto& message : messages) {
-    const Descriptor* descriptor = message->descriptor();
-    needed[SetUpRecordName(descriptor)] = descriptor;
-    for (int i = 0; i < descriptor->field_count(); ++i) {
-      const Descriptor* type = descriptor->field(i)->message_type();
+  for (const auto& generator : messages_) {
+    const Descriptor* message = generator->descriptor();
+    needed[SetUpRecordName(message)] = message;
+    for (int i = 0; i < message->field_count(); ++i) {
+      const Descriptor* type = message->field(i)->message_type();
       if (type != nullptr) needed[SetUpRecordName(type)] = type;
     }
   }
@@ -131,29 +98,18 @@ std::string SetUpRecordDeclarations(const Messages& messages) {
   return result;
 }
 
-}  // namespace
-
-std::string HeaderText(const FileDescriptor* file) {
-  const Messages messages = MessagesOf(file);
-  return Fill(
-      With(FileHoles(file),
-           {{"imports", ImportedHeaders(file)},
-            {"forward", ForMessages(messages, ForwardDeclarations)},
-            {"creation", ForMessages(messages, CreationDeclaration)},
-            {"enums", ForEnums(file, EnumDeclaration)},
-            {"traits", ForEnums(file, EnumTrait)},
-            {"classes", ForMessages(messages,
-                                    [](const Message& message) {
-                                      return message.ClassDefinition() + "\n";
-                                    })},
-            {"accessors", ForMessages(messages,
-                                      [](const Message& message) {
-                                        return "// " +
-                                               ClassName(message.descriptor()) +
-                                               "\n\n" +
-                                               message.AccessorDefinitions() +
-                                               "\n";
-                                      })}}),
+std::string FileGenerator::Header() const {
+  return Substitute(
+      Combine(
+          variables_,
+          {{"imports", ImportedHeaders()},
+           {"forward", ForMessages(&MessageGenerator::ForwardDeclarations)},
+           {"creation", ForMessages(&MessageGenerator::CreationDeclaration)},
+           {"enums", ForEnums(&EnumGenerator::Declaration)},
+           {"traits", ForEnums(&EnumGenerator::Trait)},
+           {"classes", ForMessages(&MessageGenerator::ClassDefinition)},
+           {"accessors",
+            ForMessages(&MessageGenerator::InlineAccessorDefinitions)}}),
       R"(
       // Made from $file$. Do not edit.
 
@@ -220,25 +176,16 @@ std::string HeaderText(const FileDescriptor* file) {
   )");
 }
 
-std::string SourceText(const FileDescriptor* file) {
-  const Messages messages = MessagesOf(file);
-  return Fill(
-      With(FileHoles(file),
-           {{"records", SetUpRecordDeclarations(messages)},
-            {"instances", ForMessages(messages,
-                                      [](const Message& message) {
-                                        return message.DefaultInstance() + "\n";
-                                      })},
-            {"set_up", ForMessages(messages,
-                                   [](const Message& message) {
-                                     return message.SetUp() + "\n";
-                                   })},
-            {"enums", ForEnums(file, EnumDefinition)},
-            {"operations", ForMessages(messages,
-                                       [](const Message& message) {
-                                         return message.Operations() + "\n";
-                                       })},
-            {"creation", ForMessages(messages, CreationDefinition)}}),
+std::string FileGenerator::Source() const {
+  return Substitute(
+      Combine(
+          variables_,
+          {{"records", SccInfoDeclarations()},
+           {"instances", ForMessages(&MessageGenerator::DefaultInstance)},
+           {"set_up", ForMessages(&MessageGenerator::SccInfo)},
+           {"enums", ForEnums(&EnumGenerator::Definition)},
+           {"operations", ForMessages(&MessageGenerator::Operations)},
+           {"creation", ForMessages(&MessageGenerator::CreationDefinition)}}),
       R"(
       // Made from $file$. Do not edit.
 

@@ -48,8 +48,9 @@ bool Generator::GenerateAll(const std::vector<const FileDescriptor*>& files,
     return false;
   }
   for (const FileDescriptor* file : files) {
-    Write(context, Stem(file) + ".pb.h", HeaderText(file));
-    Write(context, Stem(file) + ".pb.cc", SourceText(file));
+    const FileGenerator generator(file);
+    Write(context, Stem(file) + ".pb.h", generator.Header());
+    Write(context, Stem(file) + ".pb.cc", generator.Source());
   }
   return true;
 }

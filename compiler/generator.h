@@ -12,8 +12,8 @@ namespace vantiro {
 namespace compiler {
 
 // Emits <stem>.pb.h and <stem>.pb.cc for every unit. Takes no parameter. If any
-// unit holds something that is not supported, nothing is emitted and the error
-// has one line for each fault, "<file>:<line>:<column>: <name>: <fault>".
+// unit contains something that is not supported, nothing is emitted and the
+// error has one line for each fault, "<file>:<line>:<column>: <name>: <fault>".
 class Generator : public google::protobuf::compiler::CodeGenerator {
  public:
   bool Generate(const google::protobuf::FileDescriptor* file,

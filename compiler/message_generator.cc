@@ -12,41 +12,44 @@ namespace {
 using google::protobuf::Descriptor;
 using google::protobuf::FieldDescriptor;
 
-std::vector<std::unique_ptr<Field>> MakeFields(const Descriptor* message) {
-  std::map<int, std::unique_ptr<Field>> by_number;
+std::vector<std::unique_ptr<FieldGenerator>> MakeFieldGenerators(
+    const Descriptor* message) {
+  std::map<int, std::unique_ptr<FieldGenerator>> by_number;
   for (int i = 0; i < message->field_count(); ++i) {
-    by_number[message->field(i)->number()] = MakeField(message->field(i));
+    by_number[message->field(i)->number()] =
+        MakeFieldGenerator(message->field(i));
   }
-  std::vector<std::unique_ptr<Field>> fields;
+  std::vector<std::unique_ptr<FieldGenerator>> fields;
   for (auto& entry : by_number) fields.push_back(std::move(entry.second));
   return fields;
 }
 
 }  // namespace
 
-Message::Message(const Descriptor* message)
+MessageGenerator::MessageGenerator(const Descriptor* message)
     : message_(message),
       has_arenas_(HasArenas(message->file())),
-      fields_(MakeFields(message)),
-      holes_({{"Class", ClassName(message)},
-              {"QualifiedClass", QualifiedName(message)},
-              {"default_instance", DefaultInstanceName(message)},
-              {"set_up_record", SetUpRecordName(message)},
-              {"full_name", message->full_name()},
-              {"PeekTag", PeekFunction(message)},
-              {"Namespace", Namespace(message->file())},
-              {"Stem", Stem(message->file())}}) {}
+      fields_(MakeFieldGenerators(message)),
+      variables_({{"Class", ClassName(message)},
+                  {"QualifiedClass", QualifiedName(message)},
+                  {"default_instance", DefaultInstanceName(message)},
+                  {"set_up_record", SetUpRecordName(message)},
+                  {"full_name", message->full_name()},
+                  {"PeekTag", PeekFunction(message)},
+                  {"Namespace", Namespace(message->file())},
+                  {"Stem", Stem(message->file())}}) {}
 
-std::string Message::ForFields(Verb verb) const {
+std::string MessageGenerator::ForFields(FieldFunction function) const {
   std::string result;
-  for (const auto& field : fields_) result += ((*field).*verb)();
+  for (const auto& field : fields_) result += ((*field).*function)();
   return result;
 }
 
-std::string Message::Initializers(const std::string& base, Verb verb) const {
+std::string MessageGenerator::Initializers(const std::string& base,
+                                           FieldFunction function) const {
   std::string result = ": " + base;
   for (const auto& field : fields_) {
-    std::string entry = ((*field).*verb)();
+    std::string entry = ((*field).*function)();
     if (entry.empty()) continue;
     entry.pop_back();
     result += ",\n  " + entry;
@@ -54,7 +57,7 @@ std::string Message::Initializers(const std::string& base, Verb verb) const {
   return result + " {\n";
 }
 
-std::vector<const Descriptor*> Message::Dependencies() const {
+std::vector<const Descriptor*> MessageGenerator::Dependencies() const {
   std::map<std::string, const Descriptor*> by_name;
   for (const auto& field : fields_) {
     const Descriptor* type = field->descriptor()->message_type();
@@ -65,7 +68,7 @@ std::vector<const Descriptor*> Message::Dependencies() const {
   return result;
 }
 
-bool Message::NeedsSetUpCheck() const {
+bool MessageGenerator::NeedsSccInfoCheck() const {
   return std::any_of(fields_.begin(), fields_.end(), [](const auto& field) {
     const auto type = field->descriptor()->cpp_type();
     return type == FieldDescriptor::CPPTYPE_STRING ||
@@ -73,15 +76,17 @@ bool Message::NeedsSetUpCheck() const {
   });
 }
 
-bool Message::HasScalars() const {
+bool MessageGenerator::HasScalars() const {
   return std::any_of(fields_.begin(), fields_.end(), [](const auto& field) {
     return field->scalar_width() > 0;
   });
 }
 
-std::string Message::DefaultInstance() const {
-  return Fill(
-      With(holes_, {{"accessors", ForFields(&Field::InternalDeclaration)}}),
+std::string MessageGenerator::DefaultInstance() const {
+  return Substitute(
+      Combine(variables_,
+              {{"accessors",
+                ForFields(&FieldGenerator::InternalAccessorDeclaration)}}),
       R"(
       // Zeroed storage until its set-up.
       class $Class$DefaultTypeInternal {
@@ -93,22 +98,24 @@ std::string Message::DefaultInstance() const {
        public:
         $accessors$
       };
+
   )");
 }
 
-std::string Message::SetUp() const {
+std::string MessageGenerator::SccInfo() const {
   std::string dependencies;
   for (const Descriptor* dependency : Dependencies()) {
     dependencies += "&" + SetUpRecordName(dependency) + ".base,\n";
   }
   const size_t count = Dependencies().size();
-  return Fill(
-      With(holes_, {{"count", std::to_string(count)},
-                    {"dependencies",
-                     dependencies.empty() ? "nullptr,\n" : dependencies},
-                    {"link", count == 0 ? ""
-                                        : QualifiedName(message_) +
-                                              "::InitAsDefaultInstance();\n"}}),
+  return Substitute(
+      Combine(
+          variables_,
+          {{"count", std::to_string(count)},
+           {"dependencies", dependencies.empty() ? "nullptr,\n" : dependencies},
+           {"link", count == 0 ? ""
+                               : QualifiedName(message_) +
+                                     "::InitAsDefaultInstance();\n"}}),
       R"(
       static void InitDefaults$set_up_record$() {
         ::google::protobuf::internal::VerifyVersion(
@@ -125,6 +132,7 @@ std::string Message::SetUp() const {
           {
               $dependencies$
           }};
+
   )");
 }
 

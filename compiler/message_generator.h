@@ -1,4 +1,4 @@
-// Emits a message: its class, and what belongs to it outside the class.
+// Emits the code of a message: its class, and the definitions that go with it.
 
 #ifndef VANTIRO_COMPILER_MESSAGE_GENERATOR_H_
 #define VANTIRO_COMPILER_MESSAGE_GENERATOR_H_
@@ -15,29 +15,36 @@
 namespace vantiro {
 namespace compiler {
 
-class Message {
+class MessageGenerator {
  public:
-  explicit Message(const google::protobuf::Descriptor* message);
+  explicit MessageGenerator(const google::protobuf::Descriptor* message);
 
   const google::protobuf::Descriptor* descriptor() const { return message_; }
 
-  // The header: the class, and its accessors behind all classes.
+  // The header: declarations before all classes; the class; its inline
+  // accessors, which follow all classes.
+  std::string ForwardDeclarations() const;
+  std::string CreationDeclaration() const;
   std::string ClassDefinition() const;
-  std::string AccessorDefinitions() const;
+  std::string InlineAccessorDefinitions() const;
 
-  // The source: the default instance and the class _Internal; the set-up
-  // function and record; the operations.
+  // The source: the default instance and the class _Internal; the SccInfo and
+  // the function that initialises it; the operations;
+  // Arena::CreateMaybeMessage.
   std::string DefaultInstance() const;
-  std::string SetUp() const;
+  std::string SccInfo() const;
   std::string Operations() const;
+  std::string CreationDefinition() const;
 
  private:
-  using Verb = std::string (Field::*)() const;
+  using FieldFunction = std::string (FieldGenerator::*)() const;
 
-  // What every field has to say for a verb, in the order of their numbers.
-  std::string ForFields(Verb verb) const;
-  // The entries of a constructor's initialiser list for a verb, after `base`.
-  std::string Initializers(const std::string& base, Verb verb) const;
+  // What `function` returns for each field, in the order of field numbers.
+  std::string ForFields(FieldFunction function) const;
+  // A constructor's initialiser list: `base`, then what `function` returns for
+  // each field.
+  std::string Initializers(const std::string& base,
+                           FieldFunction function) const;
 
   std::string NestedTypes() const;
   std::string FieldNumbers() const;
@@ -46,7 +53,7 @@ class Message {
   std::string Scalars() const;
 
   std::string Lifetime() const;
-  std::string Creation() const;
+  std::string DefaultInstanceOperations() const;
   std::string ClearAndMerge() const;
   std::string Serialization() const;
   std::string SerializeFields() const;
@@ -55,14 +62,14 @@ class Message {
 
   // The message types of the fields, each once, in the order of their names.
   std::vector<const google::protobuf::Descriptor*> Dependencies() const;
-  bool NeedsSetUpCheck() const;
+  bool NeedsSccInfoCheck() const;
   bool HasScalars() const;
 
   const google::protobuf::Descriptor* const message_;
   const bool has_arenas_;
-  // In the order of their numbers.
-  std::vector<std::unique_ptr<Field>> fields_;
-  Holes holes_;
+  // In the order of field numbers.
+  std::vector<std::unique_ptr<FieldGenerator>> fields_;
+  Variables variables_;
 };
 
 }  // namespace compiler

@@ -1,4 +1,4 @@
-// The part of a message that goes into the header.
+// The code of a message that goes into the header.
 
 #include <google/protobuf/descriptor.h>
 
@@ -11,7 +11,23 @@ namespace compiler {
 using google::protobuf::Descriptor;
 using google::protobuf::FieldDescriptor;
 
-std::string Message::NestedTypes() const {
+std::string MessageGenerator::ForwardDeclarations() const {
+  return Substitute(variables_, R"(
+      class $Class$;
+      class $Class$DefaultTypeInternal;
+      extern $Class$DefaultTypeInternal $default_instance$;
+  )");
+}
+
+std::string MessageGenerator::CreationDeclaration() const {
+  return Substitute(variables_, R"(
+      template <>
+      $QualifiedClass$*
+      Arena::CreateMaybeMessage<$QualifiedClass$>(Arena* arena);
+  )");
+}
+
+std::string MessageGenerator::NestedTypes() const {
   std::string result;
   for (int i = 0; i < message_->nested_type_count(); ++i) {
     const Descriptor* nested = message_->nested_type(i);
@@ -20,28 +36,28 @@ std::string Message::NestedTypes() const {
   return result.empty() ? "" : result + "\n";
 }
 
-std::string Message::FieldNumbers() const {
+std::string MessageGenerator::FieldNumbers() const {
   if (fields_.empty()) return "";
   std::string numbers;
   for (const auto& field : fields_) {
     numbers += FieldNumberName(field->descriptor()) + " = " +
                std::to_string(field->descriptor()->number()) + ",\n";
   }
-  return Fill({{"numbers", numbers}}, R"(
+  return Substitute({{"numbers", numbers}}, R"(
       enum : int {
         $numbers$
       };
   )");
 }
 
-std::string Message::ArenaDeclarations() const {
+std::string MessageGenerator::ArenaDeclarations() const {
   // Without arenas the inherited GetArena holds, which reports none.
   if (!has_arenas_) {
-    return Fill(holes_, R"(
+    return Substitute(variables_, R"(
         void* GetMaybeArenaPointer() const { return nullptr; }
     )");
   }
-  return Fill(holes_, R"(
+  return Substitute(variables_, R"(
       ::google::protobuf::Arena* GetArena() const;
       void* GetMaybeArenaPointer() const;
       static void ArenaDtor(void* object);
@@ -51,10 +67,10 @@ std::string Message::ArenaDeclarations() const {
   )");
 }
 
-// Members are ordered so that little is lost to alignment: lists, strings and
-// children first, then the block of scalars by falling width, floats before
-// integers.
-std::string Message::Members() const {
+// Members are ordered so that little padding is needed: repeated fields,
+// strings and sub-messages first, then the scalars by falling width, floats
+// before integers.
+std::string MessageGenerator::Members() const {
   const auto is_scalar = [](const auto& field) {
     return field->scalar_width() > 0;
   };
@@ -65,7 +81,7 @@ std::string Message::Members() const {
   return members + Scalars();
 }
 
-std::string Message::Scalars() const {
+std::string MessageGenerator::Scalars() const {
   if (!HasScalars()) return "";
   std::string scalars;
   const auto add = [&](int width, bool is_float) {
@@ -81,8 +97,8 @@ std::string Message::Scalars() const {
   add(4, true);
   add(4, false);
   add(1, false);
-  return Fill({{"scalars", scalars}}, R"(
-      // Cleared, copied and swapped as one block.
+  return Substitute({{"scalars", scalars}}, R"(
+      // Cleared, copied and swapped as one.
       struct Scalars {
         $scalars$
       };
@@ -90,26 +106,28 @@ std::string Message::Scalars() const {
   )");
 }
 
-std::string Message::ClassDefinition() const {
+std::string MessageGenerator::ClassDefinition() const {
   const std::string arena_constructor =
-      !has_arenas_ ? "" : "\n" + Fill(holes_, R"(
+      !has_arenas_ ? "" : "\n" + Substitute(variables_, R"(
        protected:
         explicit $Class$(::google::protobuf::Arena* arena);
   )");
-  const std::string arena_traits = !has_arenas_ ? "" : Fill(holes_, R"(
+  const std::string arena_traits =
+      !has_arenas_ ? "" : Substitute(variables_, R"(
       template <typename T>
       friend class ::google::protobuf::Arena::InternalHelper;
       typedef void InternalArenaConstructable_;
       typedef void DestructorSkippable_;
   )");
-  return Fill(
-      With(holes_, {{"arena_constructor", arena_constructor},
-                    {"arena_traits", arena_traits},
-                    {"arena_declarations", ArenaDeclarations()},
-                    {"nested_types", NestedTypes()},
-                    {"field_numbers", FieldNumbers()},
-                    {"accessors", ForFields(&Field::AccessorDeclarations)},
-                    {"members", Members()}}),
+  return Substitute(
+      Combine(variables_,
+              {{"arena_constructor", arena_constructor},
+               {"arena_traits", arena_traits},
+               {"arena_declarations", ArenaDeclarations()},
+               {"nested_types", NestedTypes()},
+               {"field_numbers", FieldNumbers()},
+               {"accessors", ForFields(&FieldGenerator::AccessorDeclarations)},
+               {"members", Members()}}),
       R"(
       // $full_name$
       class $Class$ final : public ::google::protobuf::MessageLite {
@@ -199,11 +217,13 @@ std::string Message::ClassDefinition() const {
         $members$
         mutable ::google::protobuf::internal::CachedSize _cached_size_;
       };
+
   )");
 }
 
-std::string Message::AccessorDefinitions() const {
-  return ForFields(&Field::AccessorDefinitions);
+std::string MessageGenerator::InlineAccessorDefinitions() const {
+  return "// " + ClassName(message_) + "\n\n" +
+         ForFields(&FieldGenerator::InlineAccessorDefinitions) + "\n";
 }
 
 }  // namespace compiler

@@ -1,4 +1,4 @@
-// The operations of a message, which go into the source.
+// The code of a message that goes into the source.
 
 #include "compiler/message_generator.h"
 #include "compiler/names.h"
@@ -14,52 +14,57 @@ constexpr int kMaxSpace = 128;
 
 }  // namespace
 
-std::string Message::Operations() const {
+std::string MessageGenerator::Operations() const {
   return "// " + message_->full_name() + "\n\n" +
-         ForFields(&Field::ExportedDefinitions) + "\n" + Lifetime() + "\n" +
-         Creation() + "\n" + ClearAndMerge() + "\n" + Serialization() + "\n" +
-         Parsing() + "\n" + TypeInformation();
+         ForFields(&FieldGenerator::NonInlineAccessorDefinitions) + "\n" +
+         Lifetime() + "\n" + DefaultInstanceOperations() + "\n" +
+         ClearAndMerge() + "\n" + Serialization() + "\n" + Parsing() + "\n" +
+         TypeInformation() + "\n";
 }
 
-std::string Message::Lifetime() const {
-  const std::string check = !NeedsSetUpCheck() ? "" : Fill(holes_, R"(
+std::string MessageGenerator::Lifetime() const {
+  const std::string check =
+      !NeedsSccInfoCheck() ? "" : Substitute(variables_, R"(
       internal::InitScc(&$set_up_record$.base);
   )");
-  const std::string construct = ForFields(&Field::Construct);
+  const std::string construct = ForFields(&FieldGenerator::Construct);
   const std::string base = "::google::protobuf::MessageLite";
   const std::string arena_constructor =
       !has_arenas_
           ? ""
-          : Fill(With(holes_,
-                      {{"initializers", Initializers(base + "(arena)",
-                                                     &Field::ArenaInitializer)},
-                       {"check", check},
-                       {"construct", construct}}),
-                 R"(
+          : Substitute(
+                Combine(variables_,
+                        {{"initializers",
+                          Initializers(base + "(arena)",
+                                       &FieldGenerator::ArenaInitializer)},
+                         {"check", check},
+                         {"construct", construct}}),
+                R"(
       $Class$::$Class$(::google::protobuf::Arena* arena)
           $initializers$
         $check$
         $construct$
       }
   )");
-  const std::string children = ForFields(&Field::DeleteChild);
+  const std::string children = ForFields(&FieldGenerator::DeleteChild);
   const std::string delete_children =
-      children.empty() ? "" : Fill({{"children", children}}, R"(
-      // The children of the default instance are default instances too.
+      children.empty() ? "" : Substitute({{"children", children}}, R"(
+      // The sub-messages of the default instance are default instances too.
       if (this == internal_default_instance()) return;
       $children$
   )");
-  return Fill(
-      With(holes_,
-           {{"check", check},
-            {"construct", construct},
-            {"arena_constructor", arena_constructor},
-            {"copy_initializers",
-             Initializers(base + "()", &Field::CopyInitializer)},
-            {"copy", ForFields(&Field::CopyConstruct)},
-            {"copy_scalars", HasScalars() ? "scalars_ = from.scalars_;\n" : ""},
-            {"destroy", ForFields(&Field::Destroy)},
-            {"delete_children", delete_children}}),
+  return Substitute(
+      Combine(
+          variables_,
+          {{"check", check},
+           {"construct", construct},
+           {"arena_constructor", arena_constructor},
+           {"copy_initializers",
+            Initializers(base + "()", &FieldGenerator::CopyInitializer)},
+           {"copy", ForFields(&FieldGenerator::CopyConstruct)},
+           {"copy_scalars", HasScalars() ? "scalars_ = from.scalars_;\n" : ""},
+           {"destroy", ForFields(&FieldGenerator::Destroy)},
+           {"delete_children", delete_children}}),
       R"(
       $Class$::$Class$() : ::google::protobuf::MessageLite() {
         $check$
@@ -82,14 +87,14 @@ std::string Message::Lifetime() const {
   )");
 }
 
-std::string Message::Creation() const {
-  const std::string link = ForFields(&Field::InitAsDefaultInstance);
+std::string MessageGenerator::DefaultInstanceOperations() const {
+  const std::string link = ForFields(&FieldGenerator::InitAsDefaultInstance);
   const std::string set_links =
-      link.empty() ? "" : Fill(With(holes_, {{"link", link}}), R"(
+      link.empty() ? "" : Substitute(Combine(variables_, {{"link", link}}), R"(
       auto* const instance = const_cast<$Class$*>(internal_default_instance());
       $link$
   )");
-  const std::string arena = !has_arenas_ ? "" : Fill(holes_, R"(
+  const std::string arena = !has_arenas_ ? "" : Substitute(variables_, R"(
       ::google::protobuf::Arena* $Class$::GetArena() const {
         return _internal_metadata_.user_arena();
       }
@@ -101,7 +106,8 @@ std::string Message::Creation() const {
       void $Class$::ArenaDtor(void* /*object*/) {}
 
   )");
-  return Fill(With(holes_, {{"set_links", set_links}, {"arena", arena}}), R"(
+  return Substitute(
+      Combine(variables_, {{"set_links", set_links}, {"arena", arena}}), R"(
       const $Class$& $Class$::default_instance() {
         internal::InitScc(&$set_up_record$.base);
         return *internal_default_instance();
@@ -121,15 +127,16 @@ std::string Message::Creation() const {
   )");
 }
 
-std::string Message::ClearAndMerge() const {
-  return Fill(
-      With(holes_,
-           {{"clear", ForFields(&Field::Clear)},
-            {"clear_scalars", HasScalars() ? "scalars_ = Scalars();\n" : ""},
-            {"merge", ForFields(&Field::Merge)},
-            {"swap", ForFields(&Field::Swap)},
-            {"swap_scalars",
-             HasScalars() ? "::std::swap(scalars_, other->scalars_);\n" : ""}}),
+std::string MessageGenerator::ClearAndMerge() const {
+  return Substitute(
+      Combine(
+          variables_,
+          {{"clear", ForFields(&FieldGenerator::Clear)},
+           {"clear_scalars", HasScalars() ? "scalars_ = Scalars();\n" : ""},
+           {"merge", ForFields(&FieldGenerator::Merge)},
+           {"swap", ForFields(&FieldGenerator::Swap)},
+           {"swap_scalars",
+            HasScalars() ? "::std::swap(scalars_, other->scalars_);\n" : ""}}),
       R"(
       void $Class$::Clear() {
         $clear$
@@ -161,7 +168,7 @@ std::string Message::ClearAndMerge() const {
 }
 
 // Singular scalars with consecutive field numbers share one space check.
-std::string Message::SerializeFields() const {
+std::string MessageGenerator::SerializeFields() const {
   std::string result;
   std::string run;
   int run_size = 0;
@@ -183,10 +190,11 @@ std::string Message::SerializeFields() const {
   return result;
 }
 
-std::string Message::Serialization() const {
-  return Fill(With(holes_, {{"byte_size", ForFields(&Field::ByteSize)},
-                            {"serialize", SerializeFields()}}),
-              R"(
+std::string MessageGenerator::Serialization() const {
+  return Substitute(
+      Combine(variables_, {{"byte_size", ForFields(&FieldGenerator::ByteSize)},
+                           {"serialize", SerializeFields()}}),
+      R"(
       size_t $Class$::ByteSizeLong() const {
         size_t size = internal::UnknownFieldsSize(_internal_metadata_);
         $byte_size$
@@ -218,16 +226,17 @@ std::string Message::Serialization() const {
   )");
 }
 
-std::string Message::Parsing() const {
-  return Fill(With(holes_, {{"fields", ForFields(&Field::Parse)}}), R"(
+std::string MessageGenerator::Parsing() const {
+  return Substitute(
+      Combine(variables_, {{"fields", ForFields(&FieldGenerator::Parse)}}), R"(
       const ::uint8_t* $Class$::_InternalParseFlat(::google::protobuf::MessageLite* message,
                                                    const ::uint8_t* p,
                                                    const ::uint8_t* end,
                                                    internal::ParseState* state) {
         auto* const self = static_cast<$Class$*>(message);
         internal::RawTag tag = $PeekTag$(p, end);
-        // Records are written in the order of field numbers, so each field hands
-        // on to the next. Fields in another order take a further turn.
+        // Records are written in the order of field numbers, so each field is
+        // followed by the next. Fields in another order need another iteration.
         while (p != end) {
           const ::uint8_t* const start = p;
           $fields$
@@ -253,8 +262,8 @@ std::string Message::Parsing() const {
   )");
 }
 
-std::string Message::TypeInformation() const {
-  return Fill(holes_, R"(
+std::string MessageGenerator::TypeInformation() const {
+  return Substitute(variables_, R"(
       ::std::string $Class$::GetTypeName() const { return "$full_name$"; }
 
       bool $Class$::IsInitialized() const { return true; }
@@ -262,6 +271,21 @@ std::string Message::TypeInformation() const {
       int $Class$::GetCachedSize() const { return _cached_size_.Get(); }
 
       void $Class$::SetCachedSize(int size) const { _cached_size_.Set(size); }
+  )");
+}
+
+// Without arenas an object may be placed on one, but never knows it: the arena
+// runs its destructor, and its sub-messages are on the heap.
+std::string MessageGenerator::CreationDefinition() const {
+  return Substitute(
+      Combine(variables_,
+              {{"Create", has_arenas_ ? "CreateMessageInternal" : "Create"}}),
+      R"(
+      template <>
+      $QualifiedClass$*
+      Arena::CreateMaybeMessage<$QualifiedClass$>(Arena* arena) {
+        return Arena::$Create$<$QualifiedClass$>(arena);
+      }
   )");
 }
 

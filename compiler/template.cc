@@ -38,8 +38,8 @@ size_t SharedIndentation(const std::vector<std::string>& lines) {
   return shared;
 }
 
-// The hole's name if `line` is nothing but one hole, otherwise empty.
-std::string LoneHole(const std::string& line) {
+// The variable's name if `line` is nothing but one variable, otherwise empty.
+std::string LoneVariable(const std::string& line) {
   const size_t begin = Indentation(line);
   if (line.size() < begin + 3 || line[begin] != '$' || line.back() != '$') {
     return "";
@@ -48,9 +48,9 @@ std::string LoneHole(const std::string& line) {
   return name.find('$') == std::string::npos ? name : "";
 }
 
-const std::string& Filling(const Holes& holes, const std::string& name) {
-  const auto found = holes.find(name);
-  GOOGLE_CHECK(found != holes.end()) << "no filling for $" << name << "$";
+const std::string& Value(const Variables& variables, const std::string& name) {
+  const auto found = variables.find(name);
+  GOOGLE_CHECK(found != variables.end()) << "no value for $" << name << "$";
   return found->second;
 }
 
@@ -63,12 +63,13 @@ std::string Indent(const std::string& text, size_t indentation) {
   return result;
 }
 
-std::string FillLine(const Holes& holes, const std::string& line) {
+std::string SubstituteLine(const Variables& variables,
+                           const std::string& line) {
   std::string result;
   {
     io::StringOutputStream stream(&result);
     io::Printer printer(&stream, '$');
-    printer.Print(holes, line.c_str());
+    printer.Print(variables, line.c_str());
     GOOGLE_CHECK(!printer.failed());
   }
   return result + '\n';
@@ -76,7 +77,7 @@ std::string FillLine(const Holes& holes, const std::string& line) {
 
 }  // namespace
 
-std::string Fill(const Holes& holes, const std::string& text) {
+std::string Substitute(const Variables& variables, const std::string& text) {
   const size_t begin = !text.empty() && text.front() == '\n' ? 1 : 0;
   std::vector<std::string> lines = SplitLines(text.substr(begin));
   // The line of a raw string's closing parenthesis.
@@ -88,15 +89,15 @@ std::string Fill(const Holes& holes, const std::string& text) {
   for (const std::string& full_line : lines) {
     const std::string line =
         full_line.size() <= shared ? "" : full_line.substr(shared);
-    const std::string lone_hole = LoneHole(line);
-    result += lone_hole.empty()
-                  ? FillLine(holes, line)
-                  : Indent(Filling(holes, lone_hole), Indentation(line));
+    const std::string lone_variable = LoneVariable(line);
+    result += lone_variable.empty()
+                  ? SubstituteLine(variables, line)
+                  : Indent(Value(variables, lone_variable), Indentation(line));
   }
   return result;
 }
 
-Holes With(Holes base, const Holes& more) {
+Variables Combine(Variables base, const Variables& more) {
   for (const auto& entry : more) base[entry.first] = entry.second;
   return base;
 }

@@ -3,9 +3,9 @@
 namespace vantiro {
 namespace compiler {
 
-std::string BoolField::Parse() const {
+std::string BoolFieldGenerator::Parse() const {
   return ParseWhenTag("internal::ReadVarintField<internal::Bool>(p + " +
-                      holes().at("tag_size") + ", end, &self->scalars_." +
+                      variables().at("tag_size") + ", end, &self->scalars_." +
                       descriptor()->name() + ")");
 }
 

@@ -10,10 +10,10 @@
 namespace vantiro {
 namespace compiler {
 
-class BoolField : public ScalarField {
+class BoolFieldGenerator : public ScalarFieldGenerator {
  public:
-  explicit BoolField(const google::protobuf::FieldDescriptor* field)
-      : ScalarField(field, "bool", "bool") {}
+  explicit BoolFieldGenerator(const google::protobuf::FieldDescriptor* field)
+      : ScalarFieldGenerator(field, "bool", "bool") {}
 
   std::string Parse() const override;
   int scalar_width() const override { return 1; }

@@ -28,8 +28,7 @@ std::string Declaration(const FieldDescriptor* field) {
          std::to_string(field->number());
 }
 
-// The tag that the field is written with: that of a packed block for a list of
-// scalars.
+// The tag that the field is written with: the packed one for a repeated scalar.
 uint32_t Tag(const FieldDescriptor* field) {
   const auto type = static_cast<WireFormatLite::FieldType>(field->type());
   return WireFormatLite::MakeTag(
@@ -40,21 +39,22 @@ uint32_t Tag(const FieldDescriptor* field) {
 
 }  // namespace
 
-Field::Field(const FieldDescriptor* field)
+FieldGenerator::FieldGenerator(const FieldDescriptor* field)
     : field_(field),
-      holes_({{"Class", ClassName(field->containing_type())},
-              {"name", field->name()},
-              {"Number", FieldNumberName(field)},
-              {"declaration", Declaration(field)},
-              {"tag", RawTagText(Tag(field))},
-              {"tag_value", std::to_string(Tag(field))},
-              {"tag_size", Tag(field) < 0x80 ? "1" : "2"},
-              {"PeekTag", PeekFunction(field->containing_type())}}) {}
+      variables_({{"Class", ClassName(field->containing_type())},
+                  {"name", field->name()},
+                  {"Number", FieldNumberName(field)},
+                  {"declaration", Declaration(field)},
+                  {"tag", RawTagText(Tag(field))},
+                  {"tag_value", std::to_string(Tag(field))},
+                  {"tag_size", Tag(field) < 0x80 ? "1" : "2"},
+                  {"PeekTag", PeekFunction(field->containing_type())}}) {}
 
-std::string Field::ParseWhenTag(const std::string& read) const {
-  return Fill(With(holes_, {{"read", read},
-                            {"loop", field_->is_repeated() ? "while" : "if"}}),
-              R"(
+std::string FieldGenerator::ParseWhenTag(const std::string& read) const {
+  return Substitute(
+      Combine(variables_, {{"read", read},
+                           {"loop", field_->is_repeated() ? "while" : "if"}}),
+      R"(
       $loop$ (tag == $tag$) {  // $name$
         p = $read$;
         if (p == nullptr) return nullptr;

@@ -1,4 +1,4 @@
-// A field as the emitted class sees it: the same verbs for every kind.
+// Emits the code of a field: the same functions for every kind of field.
 
 #ifndef VANTIRO_COMPILER_FIELDS_FIELD_GENERATOR_H_
 #define VANTIRO_COMPILER_FIELDS_FIELD_GENERATOR_H_
@@ -14,29 +14,29 @@
 namespace vantiro {
 namespace compiler {
 
-// Each verb gives the text of one part of the class, whole lines that go
-// together with those of the message's other fields. A kind that has nothing to
-// do for a verb gives no text.
-class Field {
+// Each function returns the field's code for one part of the class, as whole
+// lines. A kind of field that needs no code there returns an empty string.
+class FieldGenerator {
  public:
-  explicit Field(const google::protobuf::FieldDescriptor* field);
-  virtual ~Field() = default;
-  Field(const Field&) = delete;
-  Field& operator=(const Field&) = delete;
+  explicit FieldGenerator(const google::protobuf::FieldDescriptor* field);
+  virtual ~FieldGenerator() = default;
+  FieldGenerator(const FieldGenerator&) = delete;
+  FieldGenerator& operator=(const FieldGenerator&) = delete;
 
   const google::protobuf::FieldDescriptor* descriptor() const { return field_; }
 
   // The header: members, accessors in the class, accessors behind it.
   //
-  // A scalar is no member of its own: it stands in the class's block of
-  // scalars, which is cleared, copied and swapped as one.
+  // A scalar is a member of the class's struct Scalars, which is cleared,
+  // copied and swapped as one.
   virtual std::string Member() const = 0;
   virtual std::string AccessorDeclarations() const = 0;
-  virtual std::string AccessorDefinitions() const = 0;
+  virtual std::string InlineAccessorDefinitions() const = 0;
 
-  // The source: what the field exports, and its line in the class _Internal.
-  virtual std::string ExportedDefinitions() const { return ""; }
-  virtual std::string InternalDeclaration() const { return ""; }
+  // The source: accessors that the library exports, and the field's accessor in
+  // the class _Internal.
+  virtual std::string NonInlineAccessorDefinitions() const { return ""; }
+  virtual std::string InternalAccessorDeclaration() const { return ""; }
 
   // Statements in the operations of the class. `from` and `other` are the other
   // message, `self` is the message that is parsed into, `p` the position.
@@ -59,35 +59,37 @@ class Field {
   // The width of a scalar in memory, 0 for every other kind.
   virtual int scalar_width() const { return 0; }
   // The most bytes that a scalar takes, tag included; 0 if the field asks for
-  // its own room.
+  // space itself.
   virtual int max_encoded_size() const { return 0; }
 
  protected:
-  // The holes that all kinds have: $Class$, $name$, $Number$ (the constant),
-  // $declaration$ (as in the schema), $tag$ (raw, in hexadecimal),
+  // The variables that all kinds have: $Class$, $name$, $Number$ (the
+  // constant), $declaration$ (as in the schema), $tag$ (raw, in hexadecimal),
   // $tag_value$, $tag_size$, $PeekTag$.
-  const Holes& holes() const { return holes_; }
-  void AddHoles(const Holes& more) { holes_ = With(holes_, more); }
+  const Variables& variables() const { return variables_; }
+  void AddVariables(const Variables& more) {
+    variables_ = Combine(variables_, more);
+  }
 
-  // The parser's lines for one tag: `read` is an expression that gives the
-  // position behind the value. A repeated field goes on while its tag follows.
+  // The parser's code for one tag: `read` is an expression that returns the
+  // position after the value. A repeated field continues while its tag follows.
   std::string ParseWhenTag(const std::string& read) const;
 
  private:
   const google::protobuf::FieldDescriptor* const field_;
-  Holes holes_;
+  Variables variables_;
 };
 
 // The bytes of a tag of at most two bytes as a number in hexadecimal, the first
-// byte lowest: the form in which the emitted parser compares tags.
+// byte lowest: emitted parsers compare tags in this form.
 std::string RawTagText(uint32_t tag);
 
-// The function of the frame by which the message's parser looks at tags.
+// The function of lib/internal by which the message's parser looks at tags.
 std::string PeekFunction(const google::protobuf::Descriptor* message);
 
-// The field's kind decides which class serves it. This is the only place where
-// kinds are told apart.
-std::unique_ptr<Field> MakeField(
+// Makes the generator for the field's kind. Nothing else in the plug-in
+// switches on the kind of a field.
+std::unique_ptr<FieldGenerator> MakeFieldGenerator(
     const google::protobuf::FieldDescriptor* field);
 
 }  // namespace compiler

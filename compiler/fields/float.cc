@@ -3,12 +3,12 @@
 namespace vantiro {
 namespace compiler {
 
-std::string FloatField::WriteValue() const {
+std::string FloatFieldGenerator::WriteValue() const {
   return "internal::WriteFloat(p, scalars_." + descriptor()->name() + ")";
 }
 
-std::string FloatField::Parse() const {
-  return ParseWhenTag("internal::ReadFloat(p + " + holes().at("tag_size") +
+std::string FloatFieldGenerator::Parse() const {
+  return ParseWhenTag("internal::ReadFloat(p + " + variables().at("tag_size") +
                       ", end, &self->scalars_." + descriptor()->name() + ")");
 }
 

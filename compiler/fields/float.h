@@ -10,12 +10,12 @@
 namespace vantiro {
 namespace compiler {
 
-// The zero test acts as a floating compare: -0.0 counts as zero, and no NaN
-// does.
-class FloatField : public ScalarField {
+// The zero test gives what a floating-point comparison gives: -0.0 is zero, and
+// no NaN is.
+class FloatFieldGenerator : public ScalarFieldGenerator {
  public:
-  explicit FloatField(const google::protobuf::FieldDescriptor* field)
-      : ScalarField(field, "float", "float") {}
+  explicit FloatFieldGenerator(const google::protobuf::FieldDescriptor* field)
+      : ScalarFieldGenerator(field, "float", "float") {}
 
   std::string Parse() const override;
   int scalar_width() const override { return 4; }

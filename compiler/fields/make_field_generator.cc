@@ -17,24 +17,26 @@ namespace {
 using google::protobuf::FieldDescriptor;
 
 template <typename Singular, typename Repeated, typename... Args>
-std::unique_ptr<Field> Make(const FieldDescriptor* field, const Args&... args) {
+std::unique_ptr<FieldGenerator> Make(const FieldDescriptor* field,
+                                     const Args&... args) {
   if (field->is_repeated()) return std::make_unique<Repeated>(field, args...);
   return std::make_unique<Singular>(field, args...);
 }
 
-std::unique_ptr<Field> MakeVarint(const FieldDescriptor* field,
-                                  const VarintKind& kind) {
-  return Make<VarintField, RepeatedVarintField>(field, kind);
+std::unique_ptr<FieldGenerator> MakeVarint(const FieldDescriptor* field,
+                                           const VarintKind& kind) {
+  return Make<VarintFieldGenerator, RepeatedVarintFieldGenerator>(field, kind);
 }
 
 }  // namespace
 
-std::unique_ptr<Field> MakeField(const FieldDescriptor* field) {
+std::unique_ptr<FieldGenerator> MakeFieldGenerator(
+    const FieldDescriptor* field) {
   switch (field->type()) {
     case FieldDescriptor::TYPE_FLOAT:
-      return Make<FloatField, RepeatedFloatField>(field);
+      return Make<FloatFieldGenerator, RepeatedFloatFieldGenerator>(field);
     case FieldDescriptor::TYPE_BOOL:
-      return Make<BoolField, RepeatedBoolField>(field);
+      return Make<BoolFieldGenerator, RepeatedBoolFieldGenerator>(field);
     case FieldDescriptor::TYPE_UINT32:
       return MakeVarint(field, kUInt32);
     case FieldDescriptor::TYPE_INT32:
@@ -50,11 +52,13 @@ std::unique_ptr<Field> MakeField(const FieldDescriptor* field) {
     case FieldDescriptor::TYPE_ENUM:
       return MakeVarint(field, kEnum);
     case FieldDescriptor::TYPE_STRING:
-      return std::make_unique<TextField>(field, TextField::kString);
+      return std::make_unique<StringFieldGenerator>(
+          field, StringFieldGenerator::kString);
     case FieldDescriptor::TYPE_BYTES:
-      return std::make_unique<TextField>(field, TextField::kBytes);
+      return std::make_unique<StringFieldGenerator>(
+          field, StringFieldGenerator::kBytes);
     case FieldDescriptor::TYPE_MESSAGE:
-      return Make<MessageField, RepeatedMessageField>(field);
+      return Make<MessageFieldGenerator, RepeatedMessageFieldGenerator>(field);
     default:
       GOOGLE_LOG(FATAL) << field->full_name() << ": kind is not supported";
       return nullptr;

@@ -7,13 +7,13 @@ namespace compiler {
 
 using google::protobuf::FieldDescriptor;
 
-MessageField::MessageField(const FieldDescriptor* field)
-    : Field(field),
+MessageFieldGenerator::MessageFieldGenerator(const FieldDescriptor* field)
+    : FieldGenerator(field),
       has_arenas_(HasArenas(field->file())),
       is_foreign_(field->message_type()->file() != field->file()) {
-  AddHoles({{"Sub", QualifiedName(field->message_type())}});
+  AddVariables({{"Sub", QualifiedName(field->message_type())}});
   // Without arenas a message always lies on the heap, and so do its children.
-  AddHoles(
+  AddVariables(
       {{"arena", has_arenas_ ? "GetArenaForAllocation()" : "nullptr"},
        {"delete_old", has_arenas_ ? "if (GetArenaForAllocation() == nullptr) "
                                     "delete " +
@@ -21,19 +21,20 @@ MessageField::MessageField(const FieldDescriptor* field)
                                   : "delete " + field->name() + "_;"}});
 }
 
-std::string MessageField::Member() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::Member() const {
+  return Substitute(variables(), R"(
       $Sub$* $name$_ = nullptr;
   )");
 }
 
-std::string MessageField::AccessorDeclarations() const {
-  const std::string unsafe_arena = !has_arenas_ ? "" : Fill(holes(), R"(
+std::string MessageFieldGenerator::AccessorDeclarations() const {
+  const std::string unsafe_arena =
+      !has_arenas_ ? "" : Substitute(variables(), R"(
       // Takes `value`, which may be null, without asking where it lies.
       void unsafe_arena_set_allocated_$name$($Sub$* value);
       $Sub$* unsafe_arena_release_$name$();
   )");
-  return Fill(With(holes(), {{"unsafe_arena", unsafe_arena}}), R"(
+  return Substitute(Combine(variables(), {{"unsafe_arena", unsafe_arena}}), R"(
       // $declaration$
       bool has_$name$() const;
       void clear_$name$();
@@ -45,8 +46,9 @@ std::string MessageField::AccessorDeclarations() const {
   )");
 }
 
-std::string MessageField::ClearDefinition() const {
-  return Fill(With(holes(), {{"inline", is_foreign_ ? "" : "inline "}}), R"(
+std::string MessageFieldGenerator::ClearDefinition() const {
+  return Substitute(
+      Combine(variables(), {{"inline", is_foreign_ ? "" : "inline "}}), R"(
       $inline$void $Class$::clear_$name$() {
         $delete_old$
         $name$_ = nullptr;
@@ -54,8 +56,8 @@ std::string MessageField::ClearDefinition() const {
   )");
 }
 
-std::string MessageField::AccessorDefinitions() const {
-  const std::string release = has_arenas_ ? Fill(holes(), R"(
+std::string MessageFieldGenerator::InlineAccessorDefinitions() const {
+  const std::string release = has_arenas_ ? Substitute(variables(), R"(
       inline $Sub$* $Class$::release_$name$() {
         $Sub$* const released = unsafe_arena_release_$name$();
         return $arena$ == nullptr
@@ -68,17 +70,18 @@ std::string MessageField::AccessorDefinitions() const {
         return released;
       }
   )")
-                                          : Fill(holes(), R"(
+                                          : Substitute(variables(), R"(
       inline $Sub$* $Class$::release_$name$() {
         $Sub$* const released = $name$_;
         $name$_ = nullptr;
         return released;
       }
   )");
-  return Fill(With(holes(), {{"clear", is_foreign_ ? "" : ClearDefinition()},
-                             {"release", release},
-                             {"adopt", AdoptValue()}}),
-              R"(
+  return Substitute(
+      Combine(variables(), {{"clear", is_foreign_ ? "" : ClearDefinition()},
+                            {"release", release},
+                            {"adopt", AdoptValue()}}),
+      R"(
       inline bool $Class$::has_$name$() const {
         return $name$_ != nullptr && this != internal_default_instance();
       }
@@ -101,16 +104,16 @@ std::string MessageField::AccessorDefinitions() const {
   )");
 }
 
-// What lies on another arena is copied; what lies on the heap goes over to this
+// A value on another arena is copied; a value on the heap becomes owned by this
 // message's arena.
-std::string MessageField::AdoptValue() const {
-  std::string copy = Fill(holes(), R"(
+std::string MessageFieldGenerator::AdoptValue() const {
+  std::string copy = Substitute(variables(), R"(
       $Sub$* const copy = CreateMaybeMessage<$Sub$>($arena$);
       copy->MergeFrom(*value);
       value = copy;
   )");
   if (!has_arenas_) return copy;
-  return Fill(With(holes(), {{"copy", copy}}), R"(
+  return Substitute(Combine(variables(), {{"copy", copy}}), R"(
       if (value->GetArena() == nullptr) {
         $arena$->Own(value);
       } else {
@@ -119,16 +122,18 @@ std::string MessageField::AdoptValue() const {
   )");
 }
 
-std::string MessageField::ExportedDefinitions() const {
-  const std::string unsafe_arena = !has_arenas_ ? "" : Fill(holes(), R"(
+std::string MessageFieldGenerator::NonInlineAccessorDefinitions() const {
+  const std::string unsafe_arena =
+      !has_arenas_ ? "" : Substitute(variables(), R"(
       void $Class$::unsafe_arena_set_allocated_$name$($Sub$* value) {
         $delete_old$
         $name$_ = value;
       }
   )");
-  return Fill(With(holes(), {{"clear", is_foreign_ ? ClearDefinition() : ""},
-                             {"unsafe_arena", unsafe_arena}}),
-              R"(
+  return Substitute(
+      Combine(variables(), {{"clear", is_foreign_ ? ClearDefinition() : ""},
+                            {"unsafe_arena", unsafe_arena}}),
+      R"(
       const $Sub$& $Class$::_Internal::$name$(const $Class$* message) {
         return *message->$name$_;
       }
@@ -137,68 +142,68 @@ std::string MessageField::ExportedDefinitions() const {
   )");
 }
 
-std::string MessageField::InternalDeclaration() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::InternalAccessorDeclaration() const {
+  return Substitute(variables(), R"(
       static const $Sub$& $name$(const $Class$* message);
   )");
 }
 
-std::string MessageField::InitAsDefaultInstance() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::InitAsDefaultInstance() const {
+  return Substitute(variables(), R"(
       instance->$name$_ = const_cast<$Sub$*>($Sub$::internal_default_instance());
   )");
 }
 
-std::string MessageField::CopyConstruct() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::CopyConstruct() const {
+  return Substitute(variables(), R"(
       if (from.has_$name$()) $name$_ = new $Sub$(*from.$name$_);
   )");
 }
 
-std::string MessageField::DeleteChild() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::DeleteChild() const {
+  return Substitute(variables(), R"(
       delete $name$_;
   )");
 }
 
-std::string MessageField::Clear() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::Clear() const {
+  return Substitute(variables(), R"(
       if ($name$_ != nullptr) clear_$name$();
   )");
 }
 
-std::string MessageField::Merge() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::Merge() const {
+  return Substitute(variables(), R"(
       if (from.has_$name$()) mutable_$name$()->MergeFrom(*from.$name$_);
   )");
 }
 
-std::string MessageField::Swap() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::Swap() const {
+  return Substitute(variables(), R"(
       ::std::swap($name$_, other->$name$_);
   )");
 }
 
-std::string MessageField::ByteSize() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::ByteSize() const {
+  return Substitute(variables(), R"(
       if (has_$name$()) {
         size += $tag_size$ + WireFormatLite::LengthDelimitedSize($name$_->ByteSizeLong());
       }
   )");
 }
 
-std::string MessageField::Serialize() const {
-  return Fill(holes(), R"(
+std::string MessageFieldGenerator::Serialize() const {
+  return Substitute(variables(), R"(
       if (has_$name$()) {
         p = internal::WriteMessage<$tag_value$>(p, _Internal::$name$(this), writer);
       }
   )");
 }
 
-std::string MessageField::Parse() const {
-  return ParseWhenTag("internal::ReadMessage(p + " + holes().at("tag_size") +
-                      ", end, self->mutable_" + descriptor()->name() +
-                      "(), state)");
+std::string MessageFieldGenerator::Parse() const {
+  return ParseWhenTag("internal::ReadMessage(p + " +
+                      variables().at("tag_size") + ", end, self->mutable_" +
+                      descriptor()->name() + "(), state)");
 }
 
 }  // namespace compiler

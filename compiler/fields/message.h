@@ -1,4 +1,4 @@
-// A singular message
+// A singular message field
 
 #ifndef VANTIRO_COMPILER_FIELDS_MESSAGE_H_
 #define VANTIRO_COMPILER_FIELDS_MESSAGE_H_
@@ -12,16 +12,17 @@ namespace compiler {
 
 // A pointer that the message owns, unless it lies on an arena. The field is
 // present if the pointer is not null and the object is not the class's default
-// instance, whose pointers lead to the default instances of the sub-types.
-class MessageField : public Field {
+// instance, whose pointers point to the default instances of the sub-types.
+class MessageFieldGenerator : public FieldGenerator {
  public:
-  explicit MessageField(const google::protobuf::FieldDescriptor* field);
+  explicit MessageFieldGenerator(
+      const google::protobuf::FieldDescriptor* field);
 
   std::string Member() const override;
   std::string AccessorDeclarations() const override;
-  std::string AccessorDefinitions() const override;
-  std::string ExportedDefinitions() const override;
-  std::string InternalDeclaration() const override;
+  std::string InlineAccessorDefinitions() const override;
+  std::string NonInlineAccessorDefinitions() const override;
+  std::string InternalAccessorDeclaration() const override;
   std::string InitAsDefaultInstance() const override;
   std::string CopyConstruct() const override;
   std::string DeleteChild() const override;

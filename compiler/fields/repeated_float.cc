@@ -3,20 +3,20 @@
 namespace vantiro {
 namespace compiler {
 
-std::string RepeatedFloatField::PayloadSize() const {
+std::string RepeatedFloatFieldGenerator::PayloadSize() const {
   return "sizeof(float) * static_cast<size_t>(" + descriptor()->name() +
          "_.size())";
 }
 
-std::string RepeatedFloatField::WriteFunction() const {
-  return "internal::WritePackedFloats<" + holes().at("tag_value") + ">";
+std::string RepeatedFloatFieldGenerator::WriteFunction() const {
+  return "internal::WritePackedFloats<" + variables().at("tag_value") + ">";
 }
 
-std::string RepeatedFloatField::ReadPackedFunction() const {
+std::string RepeatedFloatFieldGenerator::ReadPackedFunction() const {
   return "internal::ReadPackedFloats";
 }
 
-std::string RepeatedFloatField::ReadUnpackedFunction() const {
+std::string RepeatedFloatFieldGenerator::ReadUnpackedFunction() const {
   return "internal::ReadUnpackedFloat";
 }
 

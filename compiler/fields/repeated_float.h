@@ -10,11 +10,12 @@
 namespace vantiro {
 namespace compiler {
 
-// Elements are never tested: a list keeps its zeros, -0.0 among them.
-class RepeatedFloatField : public RepeatedScalarField {
+// Elements are never tested for zero: zeros are written too, also -0.0.
+class RepeatedFloatFieldGenerator : public RepeatedScalarFieldGenerator {
  public:
-  explicit RepeatedFloatField(const google::protobuf::FieldDescriptor* field)
-      : RepeatedScalarField(field, "float", "float") {}
+  explicit RepeatedFloatFieldGenerator(
+      const google::protobuf::FieldDescriptor* field)
+      : RepeatedScalarFieldGenerator(field, "float", "float") {}
 
  protected:
   std::string PayloadSize() const override;

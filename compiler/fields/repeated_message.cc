@@ -7,43 +7,46 @@ namespace compiler {
 
 using google::protobuf::FieldDescriptor;
 
-RepeatedMessageField::RepeatedMessageField(const FieldDescriptor* field)
-    : Field(field),
+RepeatedMessageFieldGenerator::RepeatedMessageFieldGenerator(
+    const FieldDescriptor* field)
+    : FieldGenerator(field),
       is_foreign_(field->message_type()->file() != field->file()) {
   const std::string sub = QualifiedName(field->message_type());
-  AddHoles({{"Sub", sub},
-            {"List", "::google::protobuf::RepeatedPtrField<" + sub + ">"},
-            {"inline", is_foreign_ ? "" : "inline "}});
+  AddVariables(
+      {{"Sub", sub},
+       {"Repeated", "::google::protobuf::RepeatedPtrField<" + sub + ">"},
+       {"inline", is_foreign_ ? "" : "inline "}});
 }
 
-std::string RepeatedMessageField::Member() const {
-  return Fill(holes(), R"(
-      $List$ $name$_;
+std::string RepeatedMessageFieldGenerator::Member() const {
+  return Substitute(variables(), R"(
+      $Repeated$ $name$_;
   )");
 }
 
-std::string RepeatedMessageField::AccessorDeclarations() const {
-  return Fill(holes(), R"(
+std::string RepeatedMessageFieldGenerator::AccessorDeclarations() const {
+  return Substitute(variables(), R"(
       // $declaration$
       int $name$_size() const;
       void clear_$name$();
       const $Sub$& $name$(int index) const;
       $Sub$* mutable_$name$(int index);
       $Sub$* add_$name$();
-      const $List$& $name$() const;
-      $List$* mutable_$name$();
+      const $Repeated$& $name$() const;
+      $Repeated$* mutable_$name$();
   )");
 }
 
-std::string RepeatedMessageField::ClearDefinition() const {
-  return Fill(holes(), R"(
+std::string RepeatedMessageFieldGenerator::ClearDefinition() const {
+  return Substitute(variables(), R"(
       $inline$void $Class$::clear_$name$() { $name$_.Clear(); }
   )");
 }
 
-std::string RepeatedMessageField::AccessorDefinitions() const {
-  return Fill(With(holes(), {{"clear", is_foreign_ ? "" : ClearDefinition()}}),
-              R"(
+std::string RepeatedMessageFieldGenerator::InlineAccessorDefinitions() const {
+  return Substitute(
+      Combine(variables(), {{"clear", is_foreign_ ? "" : ClearDefinition()}}),
+      R"(
       inline int $Class$::$name$_size() const { return $name$_.size(); }
       $clear$
       inline const $Sub$& $Class$::$name$(int index) const {
@@ -53,35 +56,36 @@ std::string RepeatedMessageField::AccessorDefinitions() const {
         return $name$_.Mutable(index);
       }
       inline $Sub$* $Class$::add_$name$() { return $name$_.Add(); }
-      inline const $List$& $Class$::$name$() const { return $name$_; }
-      inline $List$* $Class$::mutable_$name$() { return &$name$_; }
+      inline const $Repeated$& $Class$::$name$() const { return $name$_; }
+      inline $Repeated$* $Class$::mutable_$name$() { return &$name$_; }
   )");
 }
 
-std::string RepeatedMessageField::ExportedDefinitions() const {
+std::string RepeatedMessageFieldGenerator::NonInlineAccessorDefinitions()
+    const {
   return is_foreign_ ? ClearDefinition() : "";
 }
 
-std::string RepeatedMessageField::Clear() const {
-  return Fill(holes(), R"(
+std::string RepeatedMessageFieldGenerator::Clear() const {
+  return Substitute(variables(), R"(
       $name$_.Clear();
   )");
 }
 
-std::string RepeatedMessageField::Merge() const {
-  return Fill(holes(), R"(
+std::string RepeatedMessageFieldGenerator::Merge() const {
+  return Substitute(variables(), R"(
       $name$_.MergeFrom(from.$name$_);
   )");
 }
 
-std::string RepeatedMessageField::Swap() const {
-  return Fill(holes(), R"(
+std::string RepeatedMessageFieldGenerator::Swap() const {
+  return Substitute(variables(), R"(
       $name$_.InternalSwap(&other->$name$_);
   )");
 }
 
-std::string RepeatedMessageField::ByteSize() const {
-  return Fill(holes(), R"(
+std::string RepeatedMessageFieldGenerator::ByteSize() const {
+  return Substitute(variables(), R"(
       size += $tag_size$ * static_cast<size_t>($name$_.size());
       for (const $Sub$& element : $name$_) {
         size += WireFormatLite::LengthDelimitedSize(element.ByteSizeLong());
@@ -89,28 +93,28 @@ std::string RepeatedMessageField::ByteSize() const {
   )");
 }
 
-std::string RepeatedMessageField::Serialize() const {
-  return Fill(holes(), R"(
+std::string RepeatedMessageFieldGenerator::Serialize() const {
+  return Substitute(variables(), R"(
       for (const $Sub$& element : $name$_) {
         p = internal::WriteMessage<$tag_value$>(p, element, writer);
       }
   )");
 }
 
-std::string RepeatedMessageField::Parse() const {
-  return ParseWhenTag("internal::ReadMessage(p + " + holes().at("tag_size") +
-                      ", end, self->" + descriptor()->name() +
-                      "_.Add(), state)");
+std::string RepeatedMessageFieldGenerator::Parse() const {
+  return ParseWhenTag("internal::ReadMessage(p + " +
+                      variables().at("tag_size") + ", end, self->" +
+                      descriptor()->name() + "_.Add(), state)");
 }
 
-std::string RepeatedMessageField::ArenaInitializer() const {
-  return Fill(holes(), R"(
+std::string RepeatedMessageFieldGenerator::ArenaInitializer() const {
+  return Substitute(variables(), R"(
       $name$_(arena)
   )");
 }
 
-std::string RepeatedMessageField::CopyInitializer() const {
-  return Fill(holes(), R"(
+std::string RepeatedMessageFieldGenerator::CopyInitializer() const {
+  return Substitute(variables(), R"(
       $name$_(from.$name$_)
   )");
 }

@@ -1,4 +1,4 @@
-// A list of messages
+// A repeated message field
 
 #ifndef VANTIRO_COMPILER_FIELDS_REPEATED_MESSAGE_H_
 #define VANTIRO_COMPILER_FIELDS_REPEATED_MESSAGE_H_
@@ -10,15 +10,16 @@
 namespace vantiro {
 namespace compiler {
 
-// A RepeatedPtrField, which keeps cleared elements and uses them again.
-class RepeatedMessageField : public Field {
+// A RepeatedPtrField, which keeps cleared elements and reuses them.
+class RepeatedMessageFieldGenerator : public FieldGenerator {
  public:
-  explicit RepeatedMessageField(const google::protobuf::FieldDescriptor* field);
+  explicit RepeatedMessageFieldGenerator(
+      const google::protobuf::FieldDescriptor* field);
 
   std::string Member() const override;
   std::string AccessorDeclarations() const override;
-  std::string AccessorDefinitions() const override;
-  std::string ExportedDefinitions() const override;
+  std::string InlineAccessorDefinitions() const override;
+  std::string NonInlineAccessorDefinitions() const override;
   std::string Clear() const override;
   std::string Merge() const override;
   std::string Swap() const override;

@@ -17,37 +17,38 @@ uint32_t UnpackedTag(const FieldDescriptor* field) {
 
 }  // namespace
 
-RepeatedScalarField::RepeatedScalarField(const FieldDescriptor* field,
-                                         const std::string& type,
-                                         const std::string& element)
-    : Field(field) {
-  AddHoles({{"type", type},
-            {"List", "::google::protobuf::RepeatedField<" + element + ">"},
-            {"unpacked_tag", RawTagText(UnpackedTag(field))}});
+RepeatedScalarFieldGenerator::RepeatedScalarFieldGenerator(
+    const FieldDescriptor* field, const std::string& type,
+    const std::string& element)
+    : FieldGenerator(field) {
+  AddVariables(
+      {{"type", type},
+       {"Repeated", "::google::protobuf::RepeatedField<" + element + ">"},
+       {"unpacked_tag", RawTagText(UnpackedTag(field))}});
 }
 
-std::string RepeatedScalarField::Member() const {
-  return Fill(holes(), R"(
-      $List$ $name$_;
+std::string RepeatedScalarFieldGenerator::Member() const {
+  return Substitute(variables(), R"(
+      $Repeated$ $name$_;
       mutable ::google::protobuf::internal::CachedSize _$name$_cached_byte_size_;
   )");
 }
 
-std::string RepeatedScalarField::AccessorDeclarations() const {
-  return Fill(holes(), R"(
+std::string RepeatedScalarFieldGenerator::AccessorDeclarations() const {
+  return Substitute(variables(), R"(
       // $declaration$
       int $name$_size() const;
       void clear_$name$();
       $type$ $name$(int index) const;
       void set_$name$(int index, $type$ value);
       void add_$name$($type$ value);
-      const $List$& $name$() const;
-      $List$* mutable_$name$();
+      const $Repeated$& $name$() const;
+      $Repeated$* mutable_$name$();
   )");
 }
 
-std::string RepeatedScalarField::AccessorDefinitions() const {
-  return Fill(holes(), R"(
+std::string RepeatedScalarFieldGenerator::InlineAccessorDefinitions() const {
+  return Substitute(variables(), R"(
       inline int $Class$::$name$_size() const { return $name$_.size(); }
       inline void $Class$::clear_$name$() { $name$_.Clear(); }
       inline $type$ $Class$::$name$(int index) const {
@@ -57,31 +58,31 @@ std::string RepeatedScalarField::AccessorDefinitions() const {
         $name$_.Set(index, value);
       }
       inline void $Class$::add_$name$($type$ value) { $name$_.Add(value); }
-      inline const $List$& $Class$::$name$() const { return $name$_; }
-      inline $List$* $Class$::mutable_$name$() { return &$name$_; }
+      inline const $Repeated$& $Class$::$name$() const { return $name$_; }
+      inline $Repeated$* $Class$::mutable_$name$() { return &$name$_; }
   )");
 }
 
-std::string RepeatedScalarField::Clear() const {
-  return Fill(holes(), R"(
+std::string RepeatedScalarFieldGenerator::Clear() const {
+  return Substitute(variables(), R"(
       $name$_.Clear();
   )");
 }
 
-std::string RepeatedScalarField::Merge() const {
-  return Fill(holes(), R"(
+std::string RepeatedScalarFieldGenerator::Merge() const {
+  return Substitute(variables(), R"(
       $name$_.MergeFrom(from.$name$_);
   )");
 }
 
-std::string RepeatedScalarField::Swap() const {
-  return Fill(holes(), R"(
+std::string RepeatedScalarFieldGenerator::Swap() const {
+  return Substitute(variables(), R"(
       $name$_.InternalSwap(&other->$name$_);
   )");
 }
 
-std::string RepeatedScalarField::ByteSize() const {
-  return Fill(With(holes(), {{"payload_size", PayloadSize()}}), R"(
+std::string RepeatedScalarFieldGenerator::ByteSize() const {
+  return Substitute(Combine(variables(), {{"payload_size", PayloadSize()}}), R"(
       {
         const size_t payload_size = $payload_size$;
         if (payload_size > 0) {
@@ -93,18 +94,19 @@ std::string RepeatedScalarField::ByteSize() const {
   )");
 }
 
-std::string RepeatedScalarField::Serialize() const {
-  return Fill(With(holes(), {{"Write", WriteFunction()}}), R"(
+std::string RepeatedScalarFieldGenerator::Serialize() const {
+  return Substitute(Combine(variables(), {{"Write", WriteFunction()}}), R"(
       if (!$name$_.empty()) {
         p = $Write$(p, $name$_, _$name$_cached_byte_size_.Get(), writer);
       }
   )");
 }
 
-std::string RepeatedScalarField::Parse() const {
-  return Fill(With(holes(), {{"ReadPacked", ReadPackedFunction()},
-                             {"ReadUnpacked", ReadUnpackedFunction()}}),
-              R"(
+std::string RepeatedScalarFieldGenerator::Parse() const {
+  return Substitute(
+      Combine(variables(), {{"ReadPacked", ReadPackedFunction()},
+                            {"ReadUnpacked", ReadUnpackedFunction()}}),
+      R"(
       while (tag == $tag$ || tag == $unpacked_tag$) {  // $name$
         p = tag == $tag$
                 ? $ReadPacked$(p + $tag_size$, end, *state, &self->$name$_)
@@ -115,14 +117,14 @@ std::string RepeatedScalarField::Parse() const {
   )");
 }
 
-std::string RepeatedScalarField::ArenaInitializer() const {
-  return Fill(holes(), R"(
+std::string RepeatedScalarFieldGenerator::ArenaInitializer() const {
+  return Substitute(variables(), R"(
       $name$_(arena)
   )");
 }
 
-std::string RepeatedScalarField::CopyInitializer() const {
-  return Fill(holes(), R"(
+std::string RepeatedScalarFieldGenerator::CopyInitializer() const {
+  return Substitute(variables(), R"(
       $name$_(from.$name$_)
   )");
 }

@@ -1,4 +1,4 @@
-// What all lists of scalars have in common.
+// What all repeated scalar fields have in common.
 
 #ifndef VANTIRO_COMPILER_FIELDS_REPEATED_SCALAR_H_
 #define VANTIRO_COMPILER_FIELDS_REPEATED_SCALAR_H_
@@ -12,16 +12,17 @@ namespace compiler {
 
 // A RepeatedField and the cached size of its packed payload. A kind adds how
 // its elements are sized, written and read.
-class RepeatedScalarField : public Field {
+class RepeatedScalarFieldGenerator : public FieldGenerator {
  public:
   // `type` is the C++ type of an element's accessors, `element` that of the
-  // list's elements.
-  RepeatedScalarField(const google::protobuf::FieldDescriptor* field,
-                      const std::string& type, const std::string& element);
+  // elements in the RepeatedField.
+  RepeatedScalarFieldGenerator(const google::protobuf::FieldDescriptor* field,
+                               const std::string& type,
+                               const std::string& element);
 
   std::string Member() const override;
   std::string AccessorDeclarations() const override;
-  std::string AccessorDefinitions() const override;
+  std::string InlineAccessorDefinitions() const override;
   std::string Clear() const override;
   std::string Merge() const override;
   std::string Swap() const override;
@@ -34,8 +35,8 @@ class RepeatedScalarField : public Field {
  protected:
   // An expression for the payload's size.
   virtual std::string PayloadSize() const = 0;
-  // The functions of the frame that write the block and read it, or read an
-  // unpacked element.
+  // The functions of lib/internal that write the packed field and read it, or
+  // read an unpacked element.
   virtual std::string WriteFunction() const = 0;
   virtual std::string ReadPackedFunction() const = 0;
   virtual std::string ReadUnpackedFunction() const = 0;

@@ -3,27 +3,27 @@
 namespace vantiro {
 namespace compiler {
 
-std::string RepeatedVarintField::PayloadSize() const {
+std::string RepeatedVarintFieldGenerator::PayloadSize() const {
   return std::string("WireFormatLite::") + kind_.name + "Size(" +
          descriptor()->name() + "_)";
 }
 
-std::string RepeatedVarintField::WriteFunction() const {
-  return "internal::WritePackedVarints<" + holes().at("tag_value") + ", " +
+std::string RepeatedVarintFieldGenerator::WriteFunction() const {
+  return "internal::WritePackedVarints<" + variables().at("tag_value") + ", " +
          kind_.stored_type + ", internal::" + kind_.to_varint + ">";
 }
 
-std::string RepeatedVarintField::ReadPackedFunction() const {
+std::string RepeatedVarintFieldGenerator::ReadPackedFunction() const {
   return std::string("internal::ReadPackedVarints<internal::") + kind_.name +
          ">";
 }
 
-std::string RepeatedVarintField::ReadUnpackedFunction() const {
+std::string RepeatedVarintFieldGenerator::ReadUnpackedFunction() const {
   return std::string("internal::ReadUnpackedVarint<internal::") + kind_.name +
          ">";
 }
 
-std::string RepeatedBoolField::PayloadSize() const {
+std::string RepeatedBoolFieldGenerator::PayloadSize() const {
   return "static_cast<size_t>(" + descriptor()->name() + "_.size())";
 }
 

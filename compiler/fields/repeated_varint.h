@@ -1,4 +1,4 @@
-// Lists of bool, uint32, int32, sint32, uint64, int64, sint64 and enum
+// Repeated bool, uint32, int32, sint32, uint64, int64, sint64 and enum
 
 #ifndef VANTIRO_COMPILER_FIELDS_REPEATED_VARINT_H_
 #define VANTIRO_COMPILER_FIELDS_REPEATED_VARINT_H_
@@ -11,12 +11,12 @@
 namespace vantiro {
 namespace compiler {
 
-class RepeatedVarintField : public RepeatedScalarField {
+class RepeatedVarintFieldGenerator : public RepeatedScalarFieldGenerator {
  public:
-  RepeatedVarintField(const google::protobuf::FieldDescriptor* field,
-                      const VarintKind& kind)
-      : RepeatedScalarField(field, VarintAccessorType(field, kind),
-                            kind.stored_type),
+  RepeatedVarintFieldGenerator(const google::protobuf::FieldDescriptor* field,
+                               const VarintKind& kind)
+      : RepeatedScalarFieldGenerator(field, VarintAccessorType(field, kind),
+                                     kind.stored_type),
         kind_(kind) {}
 
  protected:
@@ -30,10 +30,12 @@ class RepeatedVarintField : public RepeatedScalarField {
 };
 
 // Every element takes one byte.
-class RepeatedBoolField : public RepeatedVarintField {
+class RepeatedBoolFieldGenerator : public RepeatedVarintFieldGenerator {
  public:
-  explicit RepeatedBoolField(const google::protobuf::FieldDescriptor* field)
-      : RepeatedVarintField(field, {"Bool", "bool", 1, "BoolToVarint", 1}) {}
+  explicit RepeatedBoolFieldGenerator(
+      const google::protobuf::FieldDescriptor* field)
+      : RepeatedVarintFieldGenerator(field,
+                                     {"Bool", "bool", 1, "BoolToVarint", 1}) {}
 
  protected:
   std::string PayloadSize() const override;

@@ -3,21 +3,21 @@
 namespace vantiro {
 namespace compiler {
 
-ScalarField::ScalarField(const google::protobuf::FieldDescriptor* field,
-                         const std::string& type,
-                         const std::string& stored_type)
-    : Field(field) {
-  AddHoles({{"type", type}, {"stored_type", stored_type}});
+ScalarFieldGenerator::ScalarFieldGenerator(
+    const google::protobuf::FieldDescriptor* field, const std::string& type,
+    const std::string& stored_type)
+    : FieldGenerator(field) {
+  AddVariables({{"type", type}, {"stored_type", stored_type}});
 }
 
-std::string ScalarField::Member() const {
-  return Fill(holes(), R"(
+std::string ScalarFieldGenerator::Member() const {
+  return Substitute(variables(), R"(
       $stored_type$ $name$;
   )");
 }
 
-std::string ScalarField::AccessorDeclarations() const {
-  return Fill(holes(), R"(
+std::string ScalarFieldGenerator::AccessorDeclarations() const {
+  return Substitute(variables(), R"(
       // $declaration$
       void clear_$name$();
       $type$ $name$() const;
@@ -25,8 +25,8 @@ std::string ScalarField::AccessorDeclarations() const {
   )");
 }
 
-std::string ScalarField::AccessorDefinitions() const {
-  return Fill(holes(), R"(
+std::string ScalarFieldGenerator::InlineAccessorDefinitions() const {
+  return Substitute(variables(), R"(
       inline void $Class$::clear_$name$() { scalars_.$name$ = {}; }
       inline $type$ $Class$::$name$() const {
         return static_cast<$type$>(scalars_.$name$);
@@ -35,28 +35,31 @@ std::string ScalarField::AccessorDefinitions() const {
   )");
 }
 
-std::string ScalarField::Merge() const {
-  return Fill(With(holes(), {{"is_non_zero", IsNonZero("from.scalars_." +
-                                                       descriptor()->name())}}),
-              R"(
+std::string ScalarFieldGenerator::Merge() const {
+  return Substitute(
+      Combine(variables(), {{"is_non_zero", IsNonZero("from.scalars_." +
+                                                      descriptor()->name())}}),
+      R"(
       if ($is_non_zero$) scalars_.$name$ = from.scalars_.$name$;
   )");
 }
 
-std::string ScalarField::ByteSize() const {
-  return Fill(With(holes(), {{"is_non_zero",
-                              IsNonZero("scalars_." + descriptor()->name())},
-                             {"value_size", ValueSize()}}),
-              R"(
+std::string ScalarFieldGenerator::ByteSize() const {
+  return Substitute(
+      Combine(variables(),
+              {{"is_non_zero", IsNonZero("scalars_." + descriptor()->name())},
+               {"value_size", ValueSize()}}),
+      R"(
       if ($is_non_zero$) size += $tag_size$ + $value_size$;
   )");
 }
 
-std::string ScalarField::Serialize() const {
-  return Fill(With(holes(), {{"is_non_zero",
-                              IsNonZero("scalars_." + descriptor()->name())},
-                             {"write_value", WriteValue()}}),
-              R"(
+std::string ScalarFieldGenerator::Serialize() const {
+  return Substitute(
+      Combine(variables(),
+              {{"is_non_zero", IsNonZero("scalars_." + descriptor()->name())},
+               {"write_value", WriteValue()}}),
+      R"(
       if ($is_non_zero$) {
         p = internal::WriteTag<$tag_value$>(p);
         p = $write_value$;
@@ -64,8 +67,8 @@ std::string ScalarField::Serialize() const {
   )");
 }
 
-int ScalarField::tag_size() const {
-  return holes().at("tag_size") == "1" ? 1 : 2;
+int ScalarFieldGenerator::tag_size() const {
+  return variables().at("tag_size") == "1" ? 1 : 2;
 }
 
 }  // namespace compiler

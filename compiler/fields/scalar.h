@@ -10,29 +10,30 @@
 namespace vantiro {
 namespace compiler {
 
-// Held by value in the class's block of scalars, and skipped at zero by every
-// operation that tests it. A kind adds its size, its writing and its reading.
-class ScalarField : public Field {
+// Held by value in the class's struct Scalars. A value of zero is neither
+// written nor merged. A kind adds how it is sized, written and read.
+class ScalarFieldGenerator : public FieldGenerator {
  public:
   // `type` is the C++ type of the accessors, `stored_type` that of the member.
-  ScalarField(const google::protobuf::FieldDescriptor* field,
-              const std::string& type, const std::string& stored_type);
+  ScalarFieldGenerator(const google::protobuf::FieldDescriptor* field,
+                       const std::string& type, const std::string& stored_type);
 
   std::string Member() const override;
   std::string AccessorDeclarations() const override;
-  std::string AccessorDefinitions() const override;
+  std::string InlineAccessorDefinitions() const override;
   std::string Merge() const override;
   std::string ByteSize() const override;
   std::string Serialize() const override;
 
  protected:
-  // An expression that tells whether `value` is written and merged.
+  // An expression that is true if `value` is written and merged.
   virtual std::string IsNonZero(const std::string& value) const {
     return value + " != 0";
   }
   // An expression for the encoded size of the value, without the tag.
   virtual std::string ValueSize() const = 0;
-  // An expression that writes `$value$` at `p` and gives the position behind.
+  // An expression that writes `$value$` at `p` and returns the position after
+  // it.
   virtual std::string WriteValue() const = 0;
 
   int tag_size() const;

@@ -5,21 +5,25 @@
 namespace vantiro {
 namespace compiler {
 
-TextField::TextField(const google::protobuf::FieldDescriptor* field, Kind kind)
-    : Field(field), kind_(kind), has_arenas_(HasArenas(field->file())) {
-  AddHoles({{"data", kind == kString ? "const char*" : "const void*"},
-            {"set", kind == kString ? "Set" : "SetBytes"},
-            {"path", field->full_name()}});
+StringFieldGenerator::StringFieldGenerator(
+    const google::protobuf::FieldDescriptor* field, Kind kind)
+    : FieldGenerator(field),
+      kind_(kind),
+      has_arenas_(HasArenas(field->file())) {
+  AddVariables({{"data", kind == kString ? "const char*" : "const void*"},
+                {"set", kind == kString ? "Set" : "SetBytes"},
+                {"path", field->full_name()}});
 }
 
-std::string TextField::Member() const {
-  return Fill(holes(), R"(
+std::string StringFieldGenerator::Member() const {
+  return Substitute(variables(), R"(
       ::google::protobuf::internal::ArenaStringPtr $name$_;
   )");
 }
 
-std::string TextField::AccessorDeclarations() const {
-  return Fill(With(holes(), {{"unsafe_arena", UnsafeArenaDeclarations()}}), R"(
+std::string StringFieldGenerator::AccessorDeclarations() const {
+  return Substitute(
+      Combine(variables(), {{"unsafe_arena", UnsafeArenaDeclarations()}}), R"(
       // $declaration$
       void clear_$name$();
       const ::std::string& $name$() const;
@@ -34,16 +38,17 @@ std::string TextField::AccessorDeclarations() const {
   )");
 }
 
-std::string TextField::UnsafeArenaDeclarations() const {
+std::string StringFieldGenerator::UnsafeArenaDeclarations() const {
   if (!has_arenas_) return "";
-  return Fill(holes(), R"(
+  return Substitute(variables(), R"(
       ::std::string* unsafe_arena_release_$name$();
       void unsafe_arena_set_allocated_$name$(::std::string* value);
   )");
 }
 
-std::string TextField::AccessorDefinitions() const {
-  return Fill(With(holes(), {{"unsafe_arena", UnsafeArenaDefinitions()}}), R"(
+std::string StringFieldGenerator::InlineAccessorDefinitions() const {
+  return Substitute(
+      Combine(variables(), {{"unsafe_arena", UnsafeArenaDefinitions()}}), R"(
       inline void $Class$::clear_$name$() { $name$_.ClearToEmpty(); }
       inline const ::std::string& $Class$::$name$() const { return $name$_.Get(); }
       inline void $Class$::set_$name$(const ::std::string& value) {
@@ -69,9 +74,9 @@ std::string TextField::AccessorDefinitions() const {
   )");
 }
 
-std::string TextField::UnsafeArenaDefinitions() const {
+std::string StringFieldGenerator::UnsafeArenaDefinitions() const {
   if (!has_arenas_) return "";
-  return Fill(holes(), R"(
+  return Substitute(variables(), R"(
       inline ::std::string* $Class$::unsafe_arena_release_$name$() {
         if ($name$_.IsDefault()) return nullptr;
         ::std::string* const released = $name$_.UnsafeMutablePointer();
@@ -83,7 +88,7 @@ std::string TextField::UnsafeArenaDefinitions() const {
           $name$_.SetAllocated(value, nullptr);
           return;
         }
-        // Not owned: the caller's arena outlives this one, or is this one.
+        // Not owned: the caller's arena outlives this one, or is the same.
         ::google::protobuf::internal::TaggedStringPtr unowned;
         unowned.SetMutableArena(value);
         $name$_.UnsafeSetTaggedPointer(unowned);
@@ -91,59 +96,59 @@ std::string TextField::UnsafeArenaDefinitions() const {
   )");
 }
 
-std::string TextField::Construct() const {
-  return Fill(holes(), R"(
+std::string StringFieldGenerator::Construct() const {
+  return Substitute(variables(), R"(
       $name$_.InitDefault();
   )");
 }
 
-std::string TextField::CopyConstruct() const {
-  return Fill(holes(), R"(
+std::string StringFieldGenerator::CopyConstruct() const {
+  return Substitute(variables(), R"(
       $name$_.InitDefault();
       if (!from.$name$().empty()) $name$_.Set(from.$name$(), nullptr);
   )");
 }
 
-std::string TextField::Destroy() const {
-  return Fill(holes(), R"(
+std::string StringFieldGenerator::Destroy() const {
+  return Substitute(variables(), R"(
       $name$_.Destroy();
   )");
 }
 
-std::string TextField::Clear() const {
-  return Fill(holes(), R"(
+std::string StringFieldGenerator::Clear() const {
+  return Substitute(variables(), R"(
       $name$_.ClearToEmpty();
   )");
 }
 
-std::string TextField::Merge() const {
-  return Fill(holes(), R"(
+std::string StringFieldGenerator::Merge() const {
+  return Substitute(variables(), R"(
       if (!from.$name$().empty()) set_$name$(from.$name$());
   )");
 }
 
-std::string TextField::Swap() const {
-  return Fill(holes(), R"(
+std::string StringFieldGenerator::Swap() const {
+  return Substitute(variables(), R"(
       ::google::protobuf::internal::ArenaStringPtr::InternalSwap(
           &$name$_, GetArenaForAllocation(), &other->$name$_,
           other->GetArenaForAllocation());
   )");
 }
 
-std::string TextField::ByteSize() const {
-  return Fill(holes(), R"(
+std::string StringFieldGenerator::ByteSize() const {
+  return Substitute(variables(), R"(
       if (!$name$().empty()) {
         size += $tag_size$ + WireFormatLite::LengthDelimitedSize($name$().size());
       }
   )");
 }
 
-std::string TextField::Serialize() const {
-  const std::string check = kind_ == kBytes ? "" : Fill(holes(), R"(
-      // Invalid text is logged and written all the same.
+std::string StringFieldGenerator::Serialize() const {
+  const std::string check = kind_ == kBytes ? "" : Substitute(variables(), R"(
+      // An invalid string is logged and written all the same.
       internal::CheckUtf8($name$(), WireFormatLite::SERIALIZE, "$path$");
   )");
-  return Fill(With(holes(), {{"check", check}}), R"(
+  return Substitute(Combine(variables(), {{"check", check}}), R"(
       if (!$name$().empty()) {
         $check$
         p = internal::WriteBytes<$tag_value$>(p, $name$(), writer);
@@ -151,11 +156,11 @@ std::string TextField::Serialize() const {
   )");
 }
 
-std::string TextField::Parse() const {
+std::string StringFieldGenerator::Parse() const {
   return ParseWhenTag(
       std::string(kind_ == kBytes ? "internal::ReadBytes(p + "
                                   : "internal::ReadString(p + ") +
-      holes().at("tag_size") + ", end, &self->" + descriptor()->name() +
+      variables().at("tag_size") + ", end, &self->" + descriptor()->name() +
       "_, self->GetArenaForAllocation()" +
       (kind_ == kBytes ? "" : ", \"" + descriptor()->full_name() + "\"") + ")");
 }

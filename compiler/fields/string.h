@@ -10,17 +10,18 @@
 namespace vantiro {
 namespace compiler {
 
-// Strings are checked for UTF-8 when they are read and when they are written;
-// bytes are taken as they are. That is all that tells the two apart.
-class TextField : public Field {
+// The two kinds differ in this: strings are checked for UTF-8 when they are
+// read and when they are written, bytes are not.
+class StringFieldGenerator : public FieldGenerator {
  public:
   enum Kind { kString, kBytes };
 
-  TextField(const google::protobuf::FieldDescriptor* field, Kind kind);
+  StringFieldGenerator(const google::protobuf::FieldDescriptor* field,
+                       Kind kind);
 
   std::string Member() const override;
   std::string AccessorDeclarations() const override;
-  std::string AccessorDefinitions() const override;
+  std::string InlineAccessorDefinitions() const override;
   std::string Construct() const override;
   std::string CopyConstruct() const override;
   std::string Destroy() const override;

@@ -11,19 +11,19 @@ std::string VarintAccessorType(const google::protobuf::FieldDescriptor* field,
                                        : QualifiedName(field->enum_type());
 }
 
-std::string VarintField::ValueSize() const {
+std::string VarintFieldGenerator::ValueSize() const {
   return std::string("WireFormatLite::") + kind_.name + "Size(scalars_." +
          descriptor()->name() + ")";
 }
 
-std::string VarintField::WriteValue() const {
+std::string VarintFieldGenerator::WriteValue() const {
   return std::string("internal::WriteVarint(p, internal::") + kind_.to_varint +
          "(scalars_." + descriptor()->name() + "))";
 }
 
-std::string VarintField::Parse() const {
+std::string VarintFieldGenerator::Parse() const {
   return ParseWhenTag(std::string("internal::ReadVarintField<internal::") +
-                      kind_.name + ">(p + " + holes().at("tag_size") +
+                      kind_.name + ">(p + " + variables().at("tag_size") +
                       ", end, &self->scalars_." + descriptor()->name() + ")");
 }
 

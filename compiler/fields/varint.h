@@ -10,13 +10,13 @@
 namespace vantiro {
 namespace compiler {
 
-// What tells the kinds of the family apart.
+// How the kinds of this family differ.
 struct VarintKind {
-  // Its name in the frame and in the runtime's size functions.
+  // Its name in lib/internal and in the runtime's size functions.
   const char* name;
   const char* stored_type;
   int width;
-  // The function of the frame that makes a varint of a value.
+  // The function of lib/internal that makes a varint of a value.
   const char* to_varint;
   int max_value_size;
 };
@@ -37,11 +37,12 @@ inline constexpr VarintKind kEnum = {"Enum", "int", 4, "ToVarint", 10};
 std::string VarintAccessorType(const google::protobuf::FieldDescriptor* field,
                                const VarintKind& kind);
 
-class VarintField : public ScalarField {
+class VarintFieldGenerator : public ScalarFieldGenerator {
  public:
-  VarintField(const google::protobuf::FieldDescriptor* field,
-              const VarintKind& kind)
-      : ScalarField(field, VarintAccessorType(field, kind), kind.stored_type),
+  VarintFieldGenerator(const google::protobuf::FieldDescriptor* field,
+                       const VarintKind& kind)
+      : ScalarFieldGenerator(field, VarintAccessorType(field, kind),
+                             kind.stored_type),
         kind_(kind) {}
 
   std::string Parse() const override;

@@ -14,7 +14,7 @@ namespace vantiro {
 namespace reference {
 namespace {
 
-using compiler::Fill;
+using compiler::Substitute;
 using google::protobuf::Descriptor;
 using google::protobuf::EnumDescriptor;
 using google::protobuf::FileDescriptor;
@@ -39,11 +39,12 @@ std::string Contents(const inspection::Schema& schema,
       }
       types = "<ul class=\"types\">\n" + types + "</ul>\n";
     }
-    items += Fill({{"page", PageOf(unit)},
-                   {"stem", StemOf(unit)},
-                   {"current", unit == shown ? " aria-current=\"page\"" : ""},
-                   {"types", types}},
-                  R"(
+    items +=
+        Substitute({{"page", PageOf(unit)},
+                    {"stem", StemOf(unit)},
+                    {"current", unit == shown ? " aria-current=\"page\"" : ""},
+                    {"types", types}},
+                   R"(
                   <li><a href="$page$"$current$>$stem$</a>
                   $types$
                   </li>
@@ -55,7 +56,7 @@ std::string Contents(const inspection::Schema& schema,
 std::string Page(const inspection::Schema& schema, const FileDescriptor* shown,
                  const std::string& title, const std::string& content,
                  const PageParts& parts) {
-  return Fill(
+  return Substitute(
       {{"title", title},
        {"style", parts.style},
        {"front_current", shown == nullptr ? " aria-current=\"page\"" : ""},
@@ -110,13 +111,13 @@ $script$
 
 std::string RootCard(const Descriptor* root) {
   const Tree tree = TreeOf(root);
-  return Fill({{"link", LinkTo(nullptr, root)},
-               {"unit", StemOf(root->file())},
-               {"summary", Summary(CommentOf(root))},
-               {"types", Count(TypeCountOf(tree), "type")},
-               {"depth", to_string(DepthOf(tree))},
-               {"outline", TreeOutline(tree, "The shape of its tree")}},
-              R"(
+  return Substitute({{"link", LinkTo(nullptr, root)},
+                     {"unit", StemOf(root->file())},
+                     {"summary", Summary(CommentOf(root))},
+                     {"types", Count(TypeCountOf(tree), "type")},
+                     {"depth", to_string(DepthOf(tree))},
+                     {"outline", TreeOutline(tree, "The shape of its tree")}},
+                    R"(
       <li class="card">
       <h3>$link$</h3>
       <p>$summary$</p>
@@ -127,12 +128,12 @@ std::string RootCard(const Descriptor* root) {
 }
 
 std::string UnitRow(const FileDescriptor* unit) {
-  return Fill({{"page", PageOf(unit)},
-               {"stem", StemOf(unit)},
-               {"summary", Summary(CommentOf(unit))},
-               {"messages", to_string(MessagesOf(unit).size())},
-               {"enums", to_string(EnumsOf(unit).size())}},
-              R"(
+  return Substitute({{"page", PageOf(unit)},
+                     {"stem", StemOf(unit)},
+                     {"summary", Summary(CommentOf(unit))},
+                     {"messages", to_string(MessagesOf(unit).size())},
+                     {"enums", to_string(EnumsOf(unit).size())}},
+                    R"(
               <tr><th scope="row"><a href="$page$">$stem$</a></th><td>$summary$</td><td class="number">$messages$</td><td class="number">$enums$</td></tr>
               )");
 }
@@ -194,11 +195,12 @@ std::string FrontPage(const inspection::Schema& schema,
   for (const Descriptor* root : roots) cards += RootCard(root);
   std::string units;
   for (const FileDescriptor* unit : schema.units()) units += UnitRow(unit);
-  const std::string content = Fill({{"totals", Totals(schema)},
-                                    {"roots", Count(roots.size(), "root")},
-                                    {"cards", cards},
-                                    {"units", units}},
-                                   R"(
+  const std::string content =
+      Substitute({{"totals", Totals(schema)},
+                  {"roots", Count(roots.size(), "root")},
+                  {"cards", cards},
+                  {"units", units}},
+                 R"(
     <h1>Record types</h1>
     <p class="lead">The debug, metadata and logging records of a camera stack's image control: $totals$.</p>
     <h2>$roots$</h2>
@@ -228,13 +230,13 @@ std::string UnitPage(const inspection::Schema& schema,
     enums += EnumSection(schema, type);
   }
   const std::string content =
-      Fill({{"stem", StemOf(unit)},
-            {"package", unit->package()},
-            {"neighbours", Neighbours(schema, unit)},
-            {"comment", Paragraphs(CommentOf(unit), unit, nullptr)},
-            {"messages", Titled("Messages", messages)},
-            {"enums", Titled("Enums", enums)}},
-           R"(
+      Substitute({{"stem", StemOf(unit)},
+                  {"package", unit->package()},
+                  {"neighbours", Neighbours(schema, unit)},
+                  {"comment", Paragraphs(CommentOf(unit), unit, nullptr)},
+                  {"messages", Titled("Messages", messages)},
+                  {"enums", Titled("Enums", enums)}},
+                 R"(
            <h1>$stem$</h1>
            <dl class="facts">
            <dt>Package</dt><dd><code>$package$</code></dd>

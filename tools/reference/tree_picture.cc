@@ -10,7 +10,7 @@ namespace vantiro {
 namespace reference {
 namespace {
 
-using compiler::Fill;
+using compiler::Substitute;
 using google::protobuf::FileDescriptor;
 using std::to_string;
 
@@ -39,29 +39,29 @@ std::string Note(const TreeNode& node) {
 std::string Branch(const Tree& tree, size_t row) {
   if (row == 0) return "";
   const TreeNode& node = tree[row];
-  return Fill({{"x", to_string(DotOf(tree[node.parent]))},
-               {"from", to_string(MiddleOf(node.parent) + 4)},
-               {"to", to_string(MiddleOf(row) - 6)},
-               {"dot", to_string(DotOf(node) - 4)}},
-              R"(<path d="M$x$ $from$V$to$q0 6 6 6H$dot$"/>)");
+  return Substitute({{"x", to_string(DotOf(tree[node.parent]))},
+                     {"from", to_string(MiddleOf(node.parent) + 4)},
+                     {"to", to_string(MiddleOf(row) - 6)},
+                     {"dot", to_string(DotOf(node) - 4)}},
+                    R"(<path d="M$x$ $from$V$to$q0 6 6 6H$dot$"/>)");
 }
 
 std::string Label(const TreeNode& node, size_t row,
                   const FileDescriptor* from) {
   const std::string kind =
       node.field == nullptr ? "root" : (node.repeats ? "again" : "node");
-  return Fill({{"kind", kind},
-               {"x", to_string(DotOf(node))},
-               {"y", to_string(MiddleOf(row))},
-               {"text_x", to_string(DotOf(node) + 12)},
-               {"text_y", to_string(MiddleOf(row) + 4)},
-               {"address",
-                Address(from, node.message->file(), NameInUnit(node.message))},
-               {"field", FieldName(node)},
-               {"gap", node.field == nullptr ? "0" : "8"},
-               {"type", ShownName(from, node.message)},
-               {"note", Note(node)}},
-              R"(
+  return Substitute({{"kind", kind},
+                     {"x", to_string(DotOf(node))},
+                     {"y", to_string(MiddleOf(row))},
+                     {"text_x", to_string(DotOf(node) + 12)},
+                     {"text_y", to_string(MiddleOf(row) + 4)},
+                     {"address", Address(from, node.message->file(),
+                                         NameInUnit(node.message))},
+                     {"field", FieldName(node)},
+                     {"gap", node.field == nullptr ? "0" : "8"},
+                     {"type", ShownName(from, node.message)},
+                     {"note", Note(node)}},
+                    R"(
 <circle class="$kind$" cx="$x$" cy="$y$" r="4"/>
 <text x="$text_x$" y="$text_y$"><tspan class="field">$field$</tspan><a href="$address$"><tspan dx="$gap$">$type$</tspan></a><tspan class="note" dx="8">$note$</tspan></text>
               )");
@@ -97,7 +97,7 @@ std::string TreePicture(const Tree& tree, const FileDescriptor* from,
     branches += Branch(tree, row);
     labels += Label(tree[row], row, from);
   }
-  return Fill(
+  return Substitute(
       {{"title", title},
        {"width", to_string(WidthOf(tree, from))},
        {"height", to_string(static_cast<int>(tree.size()) * kRowHeight)},
@@ -129,18 +129,18 @@ std::string TreeOutline(const Tree& tree, const std::string& title) {
     }
     next[row] = y;
     const double height = counts[row] * unit;
-    cells +=
-        Fill({{"x", to_string(node.depth * kColumn)},
-              {"y", to_string(y)},
-              {"width", to_string(kColumn - 1)},
-              {"height", to_string(std::max(height - 1, height * 0.7))}},
-             R"(<rect x="$x$" y="$y$" width="$width$" height="$height$"/>)");
+    cells += Substitute(
+        {{"x", to_string(node.depth * kColumn)},
+         {"y", to_string(y)},
+         {"width", to_string(kColumn - 1)},
+         {"height", to_string(std::max(height - 1, height * 0.7))}},
+        R"(<rect x="$x$" y="$y$" width="$width$" height="$height$"/>)");
   }
-  return Fill({{"title", title},
-               {"width", to_string(DepthOf(tree) * kColumn)},
-               {"height", to_string(total_height)},
-               {"cells", cells}},
-              R"(
+  return Substitute({{"title", title},
+                     {"width", to_string(DepthOf(tree) * kColumn)},
+                     {"height", to_string(total_height)},
+                     {"cells", cells}},
+                    R"(
               <svg class="outline" role="img" aria-label="$title$" width="$width$" height="$height$">
               $cells$
               </svg>

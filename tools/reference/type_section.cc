@@ -12,7 +12,7 @@ namespace vantiro {
 namespace reference {
 namespace {
 
-using compiler::Fill;
+using compiler::Substitute;
 using google::protobuf::Descriptor;
 using google::protobuf::EnumDescriptor;
 using google::protobuf::EnumValueDescriptor;
@@ -39,7 +39,7 @@ std::string Kind(const FieldDescriptor* field) {
 // The line below that of a field or value which holds its comment.
 std::string NoteRow(const std::string& paragraphs, int columns) {
   if (paragraphs.empty()) return "";
-  return Fill({{"columns", to_string(columns)}, {"note", paragraphs}}, R"(
+  return Substitute({{"columns", to_string(columns)}, {"note", paragraphs}}, R"(
     <tr class="note"><td></td><td colspan="$columns$">
     $note$
     </td></tr>
@@ -47,16 +47,17 @@ std::string NoteRow(const std::string& paragraphs, int columns) {
 }
 
 std::string FieldRow(const FieldDescriptor* field) {
-  return Fill({{"anchor", AnchorOf(field)},
-               {"number", to_string(field->number())},
-               {"name", field->name()},
-               {"kind", Kind(field)},
-               {"tag", inspection::WireTag(*field)},
-               {"wire_type", inspection::WireTypeName(*field)},
-               {"note", NoteRow(Paragraphs(CommentOf(field), field->file(),
-                                           field->containing_type()),
-                                3)}},
-              R"(
+  return Substitute(
+      {{"anchor", AnchorOf(field)},
+       {"number", to_string(field->number())},
+       {"name", field->name()},
+       {"kind", Kind(field)},
+       {"tag", inspection::WireTag(*field)},
+       {"wire_type", inspection::WireTypeName(*field)},
+       {"note", NoteRow(Paragraphs(CommentOf(field), field->file(),
+                                   field->containing_type()),
+                        3)}},
+      R"(
       <tr id="$anchor$"><td class="number">$number$</td><th scope="row"><a class="self" href="#$anchor$">$name$</a></th><td class="kind">$kind$</td><td class="tag"><code>$tag$</code> <small>$wire_type$</small></td></tr>
       $note$
       )");
@@ -70,7 +71,7 @@ std::string FieldTable(const Descriptor* message) {
   for (const FieldDescriptor* field : FieldsOf(message)) {
     rows += FieldRow(field);
   }
-  return Fill({{"rows", rows}}, R"(
+  return Substitute({{"rows", rows}}, R"(
     <table class="fields">
     <thead><tr><th scope="col" class="number"><abbr title="field number">No.</abbr></th><th scope="col">Field</th><th scope="col">Kind</th><th scope="col">Wire tag</th></tr></thead>
     <tbody>
@@ -81,7 +82,7 @@ std::string FieldTable(const Descriptor* message) {
 }
 
 std::string ValueRow(const EnumValueDescriptor* value) {
-  return Fill(
+  return Substitute(
       {{"anchor", AnchorOf(value)},
        {"number", to_string(value->number())},
        {"name", Breakable(value->name())},
@@ -98,13 +99,13 @@ std::string Carriers(const std::string& heading, const Fields& fields,
   if (fields.empty()) return "";
   std::string items;
   for (const FieldDescriptor* field : fields) {
-    items += Fill(
+    items += Substitute(
         {{"address", Address(unit, field->file(), AnchorOf(field))},
          {"type", Breakable(ShownName(unit, field->containing_type()))},
          {"field", Breakable(field->name())}},
         R"(<li><a href="$address$">$type$<span class="member">.$field$</span></a></li>)");
   }
-  return Fill({{"heading", heading}, {"items", items}}, R"(
+  return Substitute({{"heading", heading}, {"items", items}}, R"(
     <div class="carriers"><h4>$heading$</h4><ul>
     $items$
     </ul></div>
@@ -119,7 +120,7 @@ std::string RootTree(const Descriptor* root) {
   std::string picture =
       TreePicture(overview, unit, "What " + NameInUnit(root) + " carries");
   if (overview.size() == tree.size()) return picture;
-  return Fill(
+  return Substitute(
       {{"picture", picture},
        {"types", to_string(TypeCountOf(tree))},
        {"depth", to_string(DepthOf(tree))},
@@ -136,13 +137,13 @@ std::string RootTree(const Descriptor* root) {
 std::string Section(const std::string& keyword, const std::string& mark,
                     const std::string& name, const std::string& full_name,
                     const std::string& content) {
-  return Fill({{"keyword", keyword},
-               {"mark", mark},
-               {"name", name},
-               {"shown", Breakable(name)},
-               {"full_name", full_name},
-               {"content", content}},
-              R"(
+  return Substitute({{"keyword", keyword},
+                     {"mark", mark},
+                     {"name", name},
+                     {"shown", Breakable(name)},
+                     {"full_name", full_name},
+                     {"content", content}},
+                    R"(
               <section class="type" id="$name$">
               <h3><span class="keyword">$keyword$</span> <a class="self" href="#$name$">$shown$</a>$mark$</h3>
               <p class="full-name">$full_name$</p>
@@ -175,7 +176,7 @@ std::string EnumSection(const inspection::Schema& schema,
   return Section("enum", "", NameInUnit(type), type->full_name(),
                  Paragraphs(CommentOf(type), unit, nullptr) +
                      Carriers("Used by", schema.UsersOf(*type), unit) +
-                     Fill({{"rows", rows}}, R"(
+                     Substitute({{"rows", rows}}, R"(
                      <table class="values">
                      <thead><tr><th scope="col" class="number">No.</th><th scope="col">Value</th></tr></thead>
                      <tbody>

@@ -37,9 +37,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::vector<std::string> faults;
   vantiro::compiler::FindUnsupported(file, &faults);
   if (!faults.empty()) return 0;
-  using vantiro::compiler::HeaderText;
-  using vantiro::compiler::SourceText;
-  if (HeaderText(file) != HeaderText(file)) std::abort();
-  if (SourceText(file) != SourceText(file)) std::abort();
+  const vantiro::compiler::FileGenerator first(file);
+  const vantiro::compiler::FileGenerator second(file);
+  if (first.Header() != second.Header()) std::abort();
+  if (first.Source() != second.Source()) std::abort();
   return 0;
 }
