@@ -3,8 +3,9 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-BUILD_PACKAGES=(g++ cmake ninja-build pkg-config binutils
-  libprotobuf-dev libprotoc-dev protobuf-compiler libgtest-dev
+LIBRARY_PACKAGES=(g++ cmake ninja-build
+  libprotobuf-dev libprotoc-dev protobuf-compiler)
+BUILD_PACKAGES=("${LIBRARY_PACKAGES[@]}" pkg-config binutils libgtest-dev
   libcli11-dev nlohmann-json3-dev)
 # Another compiler for the clients in the tests.
 TEST_PACKAGES=(clang)
@@ -12,10 +13,7 @@ ARM64_PACKAGES=(g++-aarch64-linux-gnu qemu-user
   libprotobuf-dev:arm64 libgtest-dev:arm64)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 LINT_PACKAGES=(clang-format clang-tidy)
-# For the tests that look at pages in a browser.
-BROWSER_PACKAGES=(chromium nodejs)
-# The last that Debian's node runs.
-PLAYWRIGHT_VERSION=1.61.0
+export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
 
 say() { printf '\033[1m== %s\033[0m\n' "$*" >&2; }
 die() { printf 'run: %s\n' "$*" >&2; exit 2; }
@@ -65,21 +63,22 @@ need_npm() { # need_npm FOLDER PACKAGE VERSION
     --loglevel error "$2@$3" >/dev/null
 }
 
-# What drives the browser.
-need_browser() {
-  need "${BROWSER_PACKAGES[@]}"
-  need_npm build/playwright playwright-core "$PLAYWRIGHT_VERSION" && return
-  [ -z "${CI:-}" ] || die "playwright-core could not be installed"
-  say "without playwright-core the tests in a browser are skipped"
+configure() { # configure PRESET [CMAKE ARGUMENTS]
+  local log generator=Ninja
+  # build/ may have been configured without a preset.
+  if [ "$1" = default ] && [ -f build/Makefile ]; then
+    generator="Unix Makefiles"
+  fi
+  log=$(cmake -G "$generator" --preset "$@" 2>&1) || die "cmake failed:
+$log"
 }
 
 build() { # build PRESET [BUILD ARGUMENTS]
-  local preset=$1 log
+  local preset=$1
   shift
   need "${BUILD_PACKAGES[@]}"
   say "building ($preset)"
-  log=$(cmake --preset "$preset" 2>&1) || die "cmake failed:
-$log"
+  configure "$preset"
   cmake --build --preset "$preset" "$@"
 }
 
@@ -87,7 +86,6 @@ run_tests() { # run_tests PRESET [CTEST ARGUMENTS]
   local preset=$1
   shift
   need "${TEST_PACKAGES[@]}"
-  need_browser
   build "$preset"
   say "testing ($preset)"
   ctest --preset "$preset" "$@"
