@@ -1,6 +1,6 @@
-// Records are known again by their bytes alone, also damaged, and among noise.
+// Types are identified by bytes alone, also damaged and among random bytes.
 
-#include "tools/identify.h"
+#include "tools/identify/identify.h"
 
 #include <google/protobuf/dynamic_message.h>
 #include <gtest/gtest.h>
@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "tests/support/bytes.h"
-#include "tools/scan.h"
-#include "tools/schema.h"
+#include "tools/identify/scan.h"
+#include "tools/schema/schema.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 using google::protobuf::DynamicMessageFactory;
@@ -30,7 +30,7 @@ const std::vector<const Descriptor*>& Roots() {
   return Schema::BuiltIn().roots();
 }
 
-// Whether the type comes first, alone or with others as good.
+// Whether the type comes first, alone or with others of the same score.
 bool ComesFirst(const Descriptor& type, const std::string& bytes) {
   const std::vector<Candidate> candidates = Identify(Roots(), bytes);
   for (const Candidate& candidate : candidates) {
@@ -40,20 +40,20 @@ bool ComesFirst(const Descriptor& type, const std::string& bytes) {
   return false;
 }
 
-TEST(Identify, KnowsTheReferenceRecordsWholeAndCut) {
-  int known = 0;
+TEST(Identify, RanksTheTypeOfReferenceRecordsFirstAlsoIfCut) {
+  int identified = 0;
   for (const Descriptor* const root : Roots()) {
     const std::string bytes = RecordOf(*root);
     for (const size_t size : {bytes.size(), bytes.size() * 3 / 4}) {
-      known += ComesFirst(*root, bytes.substr(0, size)) ? 1 : 0;
+      identified += ComesFirst(*root, bytes.substr(0, size)) ? 1 : 0;
     }
   }
-  EXPECT_GE(known, 30) << "of 32";
+  EXPECT_GE(identified, 30) << "of 32";
 }
 
-class Filler {
+class RandomFiller {
  public:
-  explicit Filler(unsigned seed) : random_(seed) {}
+  explicit RandomFiller(unsigned seed) : random_(seed) {}
 
   // Sets about two of three fields.
   void Fill(Message* message) {
@@ -119,25 +119,25 @@ class Filler {
   std::mt19937 random_;
 };
 
-TEST(Identify, KnowsRecordsOfOtherContents) {
-  int known = 0;
+TEST(Identify, RanksTheTypeOfRandomRecordsFirst) {
+  int identified = 0;
   int all = 0;
   DynamicMessageFactory factory;
   for (unsigned seed = 0; seed < 10; ++seed) {
     for (const Descriptor* const root : Roots()) {
       const std::unique_ptr<Message> message(factory.GetPrototype(root)->New());
-      Filler(seed).Fill(message.get());
+      RandomFiller(seed).Fill(message.get());
       const std::string bytes = message->SerializeAsString();
       if (bytes.size() < 8) continue;
       ++all;
-      known += ComesFirst(*root, bytes) ? 1 : 0;
+      identified += ComesFirst(*root, bytes) ? 1 : 0;
     }
   }
   EXPECT_GE(all, 140);
-  EXPECT_GE(known * 100, all * 95) << known << " of " << all;
+  EXPECT_GE(identified * 100, all * 95) << identified << " of " << all;
 }
 
-TEST(Identify, IsNotConvincedByNoise) {
+TEST(Identify, IsNotConvincedByRandomBytes) {
   std::mt19937 random(1);
   for (int i = 0; i < 200; ++i) {
     std::string noise(100, '\0');
@@ -148,7 +148,7 @@ TEST(Identify, IsNotConvincedByNoise) {
   EXPECT_FALSE(IsConvincing(Identify(Roots(), "").front()));
 }
 
-TEST(Scan, FindsRecordsAmongNoiseAndNothingElse) {
+TEST(Scan, FindsRecordsAmongRandomBytesAndNothingElse) {
   constexpr size_t kStep = 100000;
   std::string noise(Roots().size() * kStep, '\0');
   std::mt19937 random(2);
@@ -160,29 +160,30 @@ TEST(Scan, FindsRecordsAmongNoiseAndNothingElse) {
     noise.replace(offsets.back(), bytes.size(), bytes);
   }
   int found = 0;
-  int false_hits = 0;
-  for (const Find& find : Scan(Roots(), noise, kLeastScanBits, nullptr)) {
-    const size_t i = find.offset / kStep;
-    const bool is_right = find.offset == offsets[i] && find.type == Roots()[i];
-    ++(is_right ? found : false_hits);
+  int false_count = 0;
+  for (const Match& match : Scan(Roots(), noise, kDefaultScanBits, nullptr)) {
+    const size_t i = match.offset / kStep;
+    const bool is_right =
+        match.offset == offsets[i] && match.type == Roots()[i];
+    ++(is_right ? found : false_count);
   }
   EXPECT_GE(found, 15) << "of 16";
-  EXPECT_LE(false_hits, 1);
+  EXPECT_LE(false_count, 1);
 }
 
-// A file that is one long record, or nearly one, is looked at in a time that
-// grows with its size.
-TEST(Scan, IsDoneWithLongRepetitions) {
+// A file that is one long record, or nearly one, takes time in proportion to
+// its size.
+TEST(Scan, TakesLinearTimeForRepetitions) {
   for (const std::string& unit :
        {tests::FromHex("0a 00"), tests::FromHex("0a 05 0d ff ff ff ff"),
         std::string("\0\0", 2)}) {
     std::string bytes;
     while (bytes.size() < 300000) bytes += unit;
-    EXPECT_LT(Scan(Roots(), bytes, kLeastScanBits, nullptr).size(),
+    EXPECT_LT(Scan(Roots(), bytes, kDefaultScanBits, nullptr).size(),
               bytes.size());
   }
 }
 
 }  // namespace
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

@@ -1,17 +1,17 @@
-// The tree is what the library's class makes of the same bytes.
+// The tree agrees with the library's class on the same bytes.
 
-#include "tools/record_tree.h"
+#include "tools/wire/record_tree.h"
 
 #include <google/protobuf/stubs/logging.h>
 #include <gtest/gtest.h>
 
 #include "tests/support/bytes.h"
 #include "tests/support/vectors.h"
-#include "tools/classes.h"
-#include "tools/record.h"
+#include "tools/check/classes.h"
+#include "tools/record/record.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 using tests::FromHex;
@@ -21,7 +21,7 @@ RecordTree Read(const std::string& type, const std::string& bytes) {
   return ReadRecord(Schema::BuiltIn().FindMessage(type), bytes);
 }
 
-void ExpectAsTheClass(const std::string& type, const std::string& bytes) {
+void ExpectAgreement(const std::string& type, const std::string& bytes) {
   const auto message = NewMessage(type);
   ASSERT_NE(message, nullptr) << type;
   const bool parsed = message->ParseFromString(bytes);
@@ -35,15 +35,15 @@ void ExpectAsTheClass(const std::string& type, const std::string& bytes) {
   EXPECT_EQ(IsCanonical(tree), written == bytes);
 }
 
-TEST(RecordTree, SaysOfEveryVectorWhatTheClassSays) {
+TEST(RecordTree, AgreesWithTheClassOnEveryVector) {
   const google::protobuf::LogSilencer silence;
-  int held = 0;
+  int count = 0;
   for (const tests::Vector& vector : tests::AllVectors()) {
-    ExpectAsTheClass(vector.type_name, vector.a);
-    if (vector.has_b) ExpectAsTheClass(vector.type_name, vector.b);
-    ++held;
+    ExpectAgreement(vector.type_name, vector.a);
+    if (vector.has_b) ExpectAgreement(vector.type_name, vector.b);
+    ++count;
   }
-  EXPECT_GT(held, 6000);
+  EXPECT_GT(count, 6000);
 }
 
 struct FaultCase {
@@ -52,7 +52,7 @@ struct FaultCase {
   const char* text;
 };
 
-TEST(RecordTree, TellsWhereAndWhyARecordIsDamaged) {
+TEST(RecordTree, ReportsWhereAndWhyARecordIsDamaged) {
   for (const FaultCase& c : std::vector<FaultCase>{
            {"RegionDimension", "08 01 0d 00 00",
             "offset 0x3 (3), in field_1: float needs 4 bytes, 2 left"},
@@ -60,12 +60,12 @@ TEST(RecordTree, TellsWhereAndWhyARecordIsDamaged) {
             "offset 0x7 (7), in region_dimension_list[1].field_1: "
             "float needs 4 bytes, 2 left"},
            {"ZhawbInformation", "12 03 00 00 80",
-            "offset 0x1 (1), in field_2[0]: a block of 3 bytes does not hold "
-            "whole floats"},
+            "offset 0x1 (1), in field_2[0]: a packed run of 3 bytes does not "
+            "hold whole floats"},
            {"DebugString", "0a 02 c3 28",
             "offset 0x2 (2), in zhawb_debug: the string is not UTF-8"},
            {"RegionDimension", "7b 08 01",
-            "offset 0x3 (3), in 15: the group has no end"},
+            "offset 0x3 (3), in 15: the group has no end-group tag"},
            {"RegionDimension", "38 80 80 80 80 80 80 80 80 80 80 00",
             "offset 0x1 (1), in field_7: varint has more than 10 bytes"},
            {"RegionDimension", "0d 00 00 80 3f 00",
@@ -85,57 +85,57 @@ TEST(RecordTree, KeepsWhatWasReadBeforeTheFault) {
             "08 01 12 05 0d 00 00 80 3f 12 00");
 }
 
-struct MarkCase {
+struct FlagCase {
   const char* hex;
-  const char* marks;
+  const char* flags;
 };
 
-// The marks of the last field.
-std::string MarksOf(const std::string& type, const char* hex) {
+// The flags of the last field.
+std::string FlagsOf(const std::string& type, const char* hex) {
   const std::string bytes = FromHex(hex);
   const RecordTree tree = Read(type, bytes);
   std::string text;
   if (tree.nodes.empty()) return text;
-  for (const std::string& name : tree.nodes.back().marks.Names()) {
+  for (const std::string& name : tree.nodes.back().flags.Names()) {
     text += (text.empty() ? "" : ", ") + name;
   }
   return text;
 }
 
-TEST(RecordTree, MarksWhatIsPeculiar) {
-  for (const MarkCase& c : std::vector<MarkCase>{
-           {"38 05", ""},
-           {"b8 00 05", "overlong tag"},
-           {"38 85 00", "overlong value"},
-           {"38 85 80 80 80 10", "unusual varint"},
-           {"38 05 38 06", "duplicate"},
-           {"38 05 0d 00 00 80 3f", "out of order"},
-           {"0d 00 00 00 80", "-0.0, zero that is not written"},
-           {"0d 01 00 c0 7f", "NaN"},
-           {"78 07", "unknown field"},
-           {"78 07 38 05", "out of order"},
-           {"0a 80 00", "unknown field, overlong length"}}) {
-    EXPECT_EQ(MarksOf("RegionDimension", c.hex), c.marks) << c.hex;
+TEST(RecordTree, FlagsWhatTheLibraryWritesDifferently) {
+  for (const FlagCase& c :
+       std::vector<FlagCase>{{"38 05", ""},
+                             {"b8 00 05", "overlong tag"},
+                             {"38 85 00", "overlong value"},
+                             {"38 85 80 80 80 10", "varint out of range"},
+                             {"38 05 38 06", "duplicate field"},
+                             {"38 05 0d 00 00 80 3f", "out of order"},
+                             {"0d 00 00 00 80", "-0.0, default value written"},
+                             {"0d 01 00 c0 7f", "NaN"},
+                             {"78 07", "unknown field"},
+                             {"78 07 38 05", "out of order"},
+                             {"0a 80 00", "unknown field, overlong length"}}) {
+    EXPECT_EQ(FlagsOf("RegionDimension", c.hex), c.flags) << c.hex;
   }
-  EXPECT_EQ(MarksOf("ZAfManualFocusConfig", "08 63"), "undeclared enum number");
+  EXPECT_EQ(FlagsOf("ZAfManualFocusConfig", "08 63"), "undeclared enum number");
 }
 
-TEST(RecordTree, ShowsTheMisreadingOfABlockBehindAnUnpackedElement) {
-  EXPECT_EQ(MarksOf("ZAfFrameInputSmartRoi", "20 01 22 02"),
-            "packed block read as an element");
+TEST(RecordTree, ReadsAPackedRunAfterAnUnpackedElementAsTheClassDoes) {
+  EXPECT_EQ(FlagsOf("ZAfFrameInputSmartRoi", "20 01 22 02"),
+            "packed run read as an element");
   const std::string bytes = FromHex("20 01 22 02 05 06");
   const RecordTree tree = Read("ZAfFrameInputSmartRoi", bytes);
   EXPECT_FALSE(tree.ok());
   EXPECT_EQ(ToHex(Serialize(MakeRecord(tree))), "22 02 01 02");
 }
 
-TEST(RecordTree, EndsAtAHundredLevels) {
+TEST(RecordTree, NestingEndsAt100Levels) {
   const std::string groups(101, '\x7b');
   const RecordTree tree = Read("RegionDimension", groups);
   ASSERT_FALSE(tree.ok());
-  EXPECT_EQ(tree.fault->what, "more than 100 levels are nested");
+  EXPECT_EQ(tree.fault->what, "nested deeper than 100 levels");
 }
 
 }  // namespace
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

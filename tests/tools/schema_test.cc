@@ -1,11 +1,11 @@
-#include "tools/schema.h"
+#include "tools/schema/schema.h"
 
 #include <gtest/gtest.h>
 
-#include "tools/classes.h"
+#include "tools/check/classes.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 std::string ErrorFor(const std::string& name) {
@@ -45,7 +45,7 @@ TEST(BuiltInSchema, TakesShortNamesWhereTheyAreUnique) {
 
 TEST(BuiltInSchema, ListsCandidatesForOtherNames) {
   EXPECT_EQ(ErrorFor("DebugExif"),
-            "several types are called DebugExif; say which one:\n"
+            "several types are named DebugExif, give one of:\n"
             "  z3a_debug_data.zabc.DebugExif\n"
             "  z3a_debug_data.zaf.DebugExif\n"
             "  z3a_debug_data.zatm.DebugExif\n"
@@ -54,7 +54,7 @@ TEST(BuiltInSchema, ListsCandidatesForOtherNames) {
             "the schema has no type debugui; similar names:\n"
             "  z3a_debug_data.zaf.ZAfDebugUi");
   EXPECT_EQ(ErrorFor("nothing_like_it"),
-            "the schema has no type nothing_like_it; 'list' shows all");
+            "the schema has no type nothing_like_it; 'list' shows all types");
   EXPECT_EQ(ErrorFor("ZAfFaceCount"), "ZAfFaceCount is an enum, not a message");
 }
 
@@ -66,5 +66,5 @@ TEST(BuiltInSchema, KnowsTheCommentsOfItsFiles) {
 }
 
 }  // namespace
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

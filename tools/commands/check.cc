@@ -6,13 +6,13 @@
 #include <optional>
 #include <thread>
 
-#include "tools/commands/session.h"
-#include "tools/form.h"
-#include "tools/formats.h"
-#include "tools/progress.h"
+#include "tools/check/canonical_form.h"
+#include "tools/commands/commands.h"
+#include "tools/formats/json.h"
+#include "tools/io/progress.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 struct Options {
@@ -23,7 +23,7 @@ struct Options {
 
 struct Result {
   const Descriptor* type = nullptr;
-  Form form;
+  CanonicalFormReport report;
   // Why the file was not checked.
   std::string error;
 };
@@ -33,34 +33,34 @@ constexpr const char* kVerdicts[] = {"canonical", "not canonical", "damaged",
 
 const char* Verdict(const Result& result) {
   if (!result.error.empty()) return kVerdicts[3];
-  if (!result.form.parses) return kVerdicts[2];
-  return kVerdicts[result.form.is_canonical ? 0 : 1];
+  if (!result.report.parses) return kVerdicts[2];
+  return kVerdicts[result.report.is_canonical ? 0 : 1];
 }
 
 Result Check(const std::string& file, const Options& options,
-             const Session& session) {
+             const CommandIo& io) {
   Result result;
   try {
-    const std::string bytes = session.ReadBytes(file);
-    result.type = &session.TypeOf(options.type, bytes);
-    result.form = FormOf(*result.type, bytes);
+    const std::string bytes = io.ReadBytes(file);
+    result.type = &io.TypeOf(options.type, bytes);
+    result.report = CheckCanonicalForm(*result.type, bytes);
   } catch (const std::exception& error) {
     result.error = error.what();
   }
   return result;
 }
 
-// Gives the results in the order of the files, each as soon as those before it
-// are there, while all cores work.
+// Checks files in parallel. Writes the results in the order of the files, each
+// as soon as those before it are written.
 class Checker {
  public:
-  Checker(const Options& options, Session* session)
-      : options_(options), session_(*session), style_(session->style()) {}
+  Checker(const Options& options, CommandIo* io)
+      : options_(options), io_(*io), style_(io->style()) {}
 
   void Run() {
-    // Reads the schema before there are threads, and refuses a wrong name once.
-    if (!options_.type.empty()) session_.TypeOf(options_.type, "");
-    Progress progress(options_.files.size(), session_.quiet());
+    // A wrong name is one error, not one for each file.
+    if (!options_.type.empty()) io_.TypeOf(options_.type, "");
+    Progress progress(options_.files.size(), io_.quiet());
     std::vector<std::thread> threads;
     const size_t count =
         std::min<size_t>(std::max(1U, std::thread::hardware_concurrency()),
@@ -70,7 +70,7 @@ class Checker {
     }
     for (std::thread& thread : threads) thread.join();
     progress.Hide();
-    if (!session_.quiet() && !options_.json) WriteSummary();
+    if (!io_.quiet() && !options_.json) WriteSummary();
   }
 
  private:
@@ -78,7 +78,7 @@ class Checker {
     while (true) {
       const size_t i = next_++;
       if (i >= options_.files.size()) return;
-      Result result = Check(options_.files[i], options_, session_);
+      Result result = Check(options_.files[i], options_, io_);
       const std::lock_guard<std::mutex> lock(mutex_);
       waiting_.emplace(i, std::move(result));
       while (!waiting_.empty() && waiting_.begin()->first == done_) {
@@ -94,53 +94,53 @@ class Checker {
     const char* const verdict = Verdict(result);
     ++counts_[verdict];
     if (verdict != kVerdicts[0]) {
-      session_.Raise(result.error.empty() ? kFound : kWrongUse);
+      io_.RaiseStatus(result.error.empty() ? kFound : kWrongUse);
     }
     if (options_.json) {
       WriteJson(file, result);
       return;
     }
-    if (session_.quiet() && verdict == kVerdicts[0]) return;
+    if (io_.quiet() && verdict == kVerdicts[0]) return;
     std::cout << file << ": " << style_.Name(verdict);
     if (result.type != nullptr) {
       std::cout << style_.Note(" (" + result.type->full_name() + ")");
     }
     std::cout << '\n';
     WriteLine(result.error);
-    WriteLine(result.form.fault);
-    WriteList(result.form.differences);
-    if (!session_.quiet()) WriteList(result.form.remarks);
+    WriteLine(result.report.fault);
+    WriteCounts(result.report.differences);
+    if (!io_.quiet()) WriteCounts(result.report.remarks);
   }
 
   static void WriteLine(const std::string& text) {
     if (!text.empty()) std::cout << "  " << text << '\n';
   }
 
-  static void WriteList(const std::vector<Peculiarity>& differences) {
-    for (const Peculiarity& difference : differences) {
-      WriteLine(std::to_string(difference.count) + " x " + difference.what +
-                ", first at offset " + std::to_string(difference.offset));
+  static void WriteCounts(const std::vector<FlagCount>& counts) {
+    for (const FlagCount& count : counts) {
+      WriteLine(std::to_string(count.count) + " x " + count.name +
+                ", first at offset " + std::to_string(count.offset));
     }
   }
 
-  static Json ToJsonList(const std::vector<Peculiarity>& differences) {
-    Json list = Json::array();
-    for (const Peculiarity& difference : differences) {
-      list.push_back({{"what", difference.what},
-                      {"count", difference.count},
-                      {"offset", difference.offset}});
+  static Json CountsToJson(const std::vector<FlagCount>& counts) {
+    Json array = Json::array();
+    for (const FlagCount& count : counts) {
+      array.push_back({{"what", count.name},
+                       {"count", count.count},
+                       {"offset", count.offset}});
     }
-    return list;
+    return array;
   }
 
-  // A line for each file.
+  // JSON Lines: one object in a line for each file.
   static void WriteJson(const std::string& file, const Result& result) {
     Json json = {{"file", file}, {"verdict", Verdict(result)}};
     if (result.type != nullptr) json["type"] = result.type->full_name();
     if (!result.error.empty()) json["error"] = result.error;
-    if (!result.form.fault.empty()) json["fault"] = result.form.fault;
-    json["differences"] = ToJsonList(result.form.differences);
-    json["remarks"] = ToJsonList(result.form.remarks);
+    if (!result.report.fault.empty()) json["fault"] = result.report.fault;
+    json["differences"] = CountsToJson(result.report.differences);
+    json["remarks"] = CountsToJson(result.report.remarks);
     std::cout << json.dump() << '\n';
   }
 
@@ -155,10 +155,10 @@ class Checker {
   }
 
   const Options& options_;
-  Session& session_;
+  CommandIo& io_;
   const Style style_;
   std::atomic<size_t> next_{0};
-  // What follows is changed under the mutex.
+  // The mutex guards the members below.
   std::mutex mutex_;
   std::map<size_t, Result> waiting_;
   size_t done_ = 0;
@@ -167,26 +167,30 @@ class Checker {
 
 }  // namespace
 
-void AddCheck(CLI::App* program, Session* session) {
+void AddCheck(CLI::App* program, CommandIo* io) {
   CLI::App* const command = program->add_subcommand(
-      "check", "Tell whether records stand as the library writes them");
+      "check",
+      "Check whether the library would write records in the same bytes");
   const auto options = std::make_shared<Options>();
-  Session::AddFiles(command, &options->files);
-  Session::AddType(command,
-                   "The records' type; without it each one's likeliest root",
-                   &options->type);
-  command->add_flag("--json", options->json, "A line of JSON for each record");
-  session->AddInputOptions(command);
+  CommandIo::AddFiles(command, &options->files);
+  CommandIo::AddType(
+      command, "The records' type; by default the most likely root for each",
+      &options->type);
+  command->add_flag("--json", options->json,
+                    "Write a line of JSON for each record");
+  io->AddInputOptions(command);
   command->footer(
       "Each record is parsed by the library's own class and written again. It\n"
-      "is canonical if the bytes are the same. If not, what differs is told;\n"
-      "remarks tell of unknown fields, undeclared enum numbers, NaN and -0.0,\n"
-      "which are canonical. The exit status is 1 if any record is not.\n\n"
+      "is canonical if the bytes are the same; if not, the differences are\n"
+      "shown. Unknown fields, undeclared enum numbers, NaN and -0.0 are\n"
+      "canonical and are shown as remarks. The exit status is 1 if a record "
+      "is\n"
+      "not canonical.\n\n"
       "Example:\n"
       "  echo '10 07 08 05' |\n"
-      "    vantiro-records check --hex --type ZAfRoiDimLite - || echo not so");
-  command->callback([=] { Checker(*options, session).Run(); });
+      "    vantiro-records check --hex --type ZAfRoiDimLite - || echo no");
+  command->callback([=] { Checker(*options, io).Run(); });
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

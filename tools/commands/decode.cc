@@ -3,16 +3,19 @@
 #include <memory>
 #include <vector>
 
-#include "tools/commands/session.h"
-#include "tools/csv.h"
-#include "tools/formats.h"
-#include "tools/leaves.h"
-#include "tools/path.h"
-#include "tools/progress.h"
-#include "tools/scalar.h"
+#include "tools/commands/commands.h"
+#include "tools/formats/csv.h"
+#include "tools/formats/json.h"
+#include "tools/formats/outline.h"
+#include "tools/formats/text_format.h"
+#include "tools/io/progress.h"
+#include "tools/record/leaves.h"
+#include "tools/record/path.h"
+#include "tools/record/value_text.h"
+#include "tools/wire/record_tree.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 struct Options {
@@ -23,39 +26,40 @@ struct Options {
   bool defaults = false;
 };
 
-// One value as --path shows it; a message has lines of its own.
-std::string PlainText(const Picked& picked) {
-  const FieldDescriptor& field = *picked.value->field;
-  if (picked.index.has_value()) {
-    return ScalarText(field, picked.value->scalars[*picked.index]);
+// A value that --path leads to; not for messages.
+std::string SelectedText(const Selected& selected) {
+  const FieldDescriptor& field = *selected.value->field;
+  if (selected.index.has_value()) {
+    return ScalarText(field, selected.value->scalars[*selected.index]);
   }
-  return ValueText(*picked.value);
+  return ValueText(*selected.value);
 }
 
-Json PickedJson(const Picked& picked) {
-  if (picked.message != nullptr) return ToJson(*picked.message);
-  if (!picked.index.has_value()) return ToJson(*picked.value);
-  return ToJson(*picked.value->field, picked.value->scalars[*picked.index]);
+Json SelectedJson(const Selected& selected) {
+  if (selected.message != nullptr) return ToJson(*selected.message);
+  if (!selected.index.has_value()) return ToJson(*selected.value);
+  return ToJson(*selected.value->field,
+                selected.value->scalars[*selected.index]);
 }
 
 class Decoder {
  public:
-  Decoder(const Options& options, Session* session)
-      : options_(options), session_(*session), style_(session->style()) {}
+  Decoder(const Options& options, CommandIo* io)
+      : options_(options), io_(*io), style_(io->style()) {}
 
   void Run() {
-    WriteCsvHead();
-    Progress progress(options_.files.size(), session_.quiet());
+    WriteCsvHeadings();
+    Progress progress(options_.files.size(), io_.quiet());
     for (size_t i = 0; i < options_.files.size(); ++i) {
       progress.Hide();
       try {
         Decode(options_.files[i]);
       } catch (const UsageError& error) {
-        // One file of many that cannot be read does not hide the others.
+        // The other files are still shown.
         if (!HasSeveralFiles()) throw;
         std::cout.flush();
         std::cerr << "vantiro-records: " << error.what() << '\n';
-        session_.Raise(kWrongUse);
+        io_.RaiseStatus(kWrongUse);
       }
       progress.Show(i + 1);
     }
@@ -65,13 +69,13 @@ class Decoder {
   bool HasSeveralFiles() const { return options_.files.size() > 1; }
 
   void Decode(const std::string& file) {
-    const std::string bytes = session_.ReadBytes(file);
-    const Descriptor& type = session_.TypeOf(options_.type, bytes);
-    session_.NoteType(file, options_.type, type);
+    const std::string bytes = io_.ReadBytes(file);
+    const Descriptor& type = io_.TypeOf(options_.type, bytes);
+    io_.ReportType(file, options_.type, type);
     const RecordTree tree = ReadRecord(type, bytes);
     Record record = MakeRecord(tree);
-    DropZeros(&record);
-    if (options_.defaults) AddZeros(&record);
+    RemoveDefaults(&record);
+    if (options_.defaults) AddDefaults(&record);
     if (options_.format == "csv") {
       WriteCsv(file, &record);
     } else if (options_.format == "json") {
@@ -80,7 +84,7 @@ class Decoder {
       if (HasSeveralFiles()) std::cout << style_.Note("# " + file) << '\n';
       WriteReadable(&record);
     }
-    session_.ReportFault(file, tree.fault);
+    io_.ReportFault(file, tree.fault);
   }
 
   void WriteReadable(Record* record) const {
@@ -89,12 +93,12 @@ class Decoder {
       return;
     }
     for (const std::string& path : options_.paths) {
-      for (const Picked& picked :
-           Pick(ParsePath(*record->type, path), record)) {
-        if (picked.message != nullptr) {
-          WriteRecord(*picked.message);
+      for (const Selected& selected :
+           Select(ParsePath(*record->type, path), record)) {
+        if (selected.message != nullptr) {
+          WriteRecord(*selected.message);
         } else {
-          std::cout << PlainText(picked) << '\n';
+          std::cout << SelectedText(selected) << '\n';
         }
       }
     }
@@ -108,7 +112,7 @@ class Decoder {
     }
   }
 
-  // One document, or a line for each of several files.
+  // One document, or JSON Lines for several files.
   void WriteJson(const std::string& file, Record* record) const {
     const Json json = RecordJson(record);
     if (HasSeveralFiles()) {
@@ -123,24 +127,25 @@ class Decoder {
     Json object = Json::object();
     for (const std::string& path : options_.paths) {
       Json values = Json::array();
-      for (const Picked& picked :
-           Pick(ParsePath(*record->type, path), record)) {
-        values.push_back(PickedJson(picked));
+      for (const Selected& selected :
+           Select(ParsePath(*record->type, path), record)) {
+        values.push_back(SelectedJson(selected));
       }
       object[path] = values.size() == 1 ? values[0] : std::move(values);
     }
     return object;
   }
 
-  void WriteCsvHead() const {
+  void WriteCsvHeadings() const {
     if (options_.format != "csv") return;
-    std::vector<std::string> head = {"file"};
-    head.insert(head.end(), options_.paths.begin(), options_.paths.end());
-    if (options_.paths.empty()) head = {"file", "path", "value"};
-    WriteCsvRow(head, &std::cout);
+    std::vector<std::string> headings = {"file"};
+    headings.insert(headings.end(), options_.paths.begin(),
+                    options_.paths.end());
+    if (options_.paths.empty()) headings = {"file", "path", "value"};
+    WriteCsvRow(headings, &std::cout);
   }
 
-  // With paths a row for each file, otherwise one for each value.
+  // One row for each file if there are paths, otherwise for each value.
   void WriteCsv(const std::string& file, Record* record) const {
     if (options_.paths.empty()) {
       VisitLeaves(*record, "",
@@ -152,11 +157,11 @@ class Decoder {
     std::vector<std::string> row = {file};
     for (const std::string& path : options_.paths) {
       std::string cell;
-      for (const Picked& picked :
-           Pick(ParsePath(*record->type, path), record)) {
+      for (const Selected& selected :
+           Select(ParsePath(*record->type, path), record)) {
         if (!cell.empty()) cell += ' ';
-        cell += picked.message != nullptr ? ToJson(*picked.message).dump()
-                                          : PlainText(picked);
+        cell += selected.message != nullptr ? ToJson(*selected.message).dump()
+                                            : SelectedText(selected);
       }
       row.push_back(cell);
     }
@@ -164,41 +169,43 @@ class Decoder {
   }
 
   const Options& options_;
-  Session& session_;
+  CommandIo& io_;
   const Style style_;
 };
 
 }  // namespace
 
-void AddDecode(CLI::App* program, Session* session) {
+void AddDecode(CLI::App* program, CommandIo* io) {
   CLI::App* const command = program->add_subcommand(
-      "decode", "Show what records hold, also damaged ones as far as they go");
+      "decode", "Show the values in records, damaged ones included");
   const auto options = std::make_shared<Options>();
-  Session::AddFiles(command, &options->files);
-  Session::AddType(command, "The records' type", &options->type);
+  CommandIo::AddFiles(command, &options->files);
+  CommandIo::AddType(command,
+                     "The records' type; by default the most likely root",
+                     &options->type);
   command
       ->add_option("-f,--format", options->format,
-                   "text (encode reads it), json (encode reads it), tree (an "
-                   "outline), csv (a row for each value; with --path for each "
-                   "file)")
+                   "text or json, which encode reads; tree, an outline; csv, a "
+                   "row for each value, with --path for each file")
       ->check(CLI::IsMember({"text", "json", "tree", "csv"}))
       ->type_name("FORMAT");
   command
       ->add_option("-p,--path", options->paths,
-                   "Show only this, as in a.b[2].c; may be given again")
+                   "Show only the values of this path, as in a.b[2].c; may be "
+                   "given again")
       ->type_name("PATH")
       ->allow_extra_args(false);
   command->add_flag("--defaults", options->defaults,
-                    "Show fields that are zero or empty too");
-  session->AddInputOptions(command);
+                    "Show also fields with their default value");
+  io->AddInputOptions(command);
   command->footer(
       "Example:\n"
       "  echo '08 05 10 07' |\n"
       "    vantiro-records decode --hex --type ZAfRoiDimLite -\n\n"
-      "Of a damaged record, what could be read is shown; standard error then\n"
-      "tells where and why it ends, and the exit status is 1.");
-  command->callback([=] { Decoder(*options, session).Run(); });
+      "Of a damaged record the part before the fault is shown. The fault is\n"
+      "written to standard error, and the exit status is 1.");
+  command->callback([=] { Decoder(*options, io).Run(); });
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

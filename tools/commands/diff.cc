@@ -1,11 +1,12 @@
 #include <iostream>
 #include <memory>
 
-#include "tools/commands/session.h"
-#include "tools/difference.h"
+#include "tools/commands/commands.h"
+#include "tools/record/difference.h"
+#include "tools/wire/record_tree.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 struct Options {
@@ -28,37 +29,37 @@ std::string Line(const Difference& difference, const Style& style) {
   }
 }
 
-void Diff(const Options& options, Session* session) {
+void Diff(const Options& options, CommandIo* io) {
   if (options.before == "-" && options.after == "-") {
-    throw UsageError("only one of the two can be standard input");
+    throw UsageError("only one of the records can be standard input");
   }
-  const std::string before = session->ReadBytes(options.before);
-  const std::string after = session->ReadBytes(options.after);
-  const Descriptor& type = session->TypeOf(options.type, before);
-  session->NoteType(options.before, options.type, type);
+  const std::string before = io->ReadBytes(options.before);
+  const std::string after = io->ReadBytes(options.after);
+  const Descriptor& type = io->TypeOf(options.type, before);
+  io->ReportType(options.before, options.type, type);
   const RecordTree before_tree = ReadRecord(type, before);
   const RecordTree after_tree = ReadRecord(type, after);
   Record before_record = MakeRecord(before_tree);
   Record after_record = MakeRecord(after_tree);
-  DropZeros(&before_record);
-  DropZeros(&after_record);
+  RemoveDefaults(&before_record);
+  RemoveDefaults(&after_record);
   const auto differences =
       Compare(before_record, after_record, options.tolerance);
-  if (!differences.empty()) session->Raise(kFound);
-  if (!session->quiet()) {
+  if (!differences.empty()) io->RaiseStatus(kFound);
+  if (!io->quiet()) {
     for (const Difference& difference : differences) {
-      std::cout << Line(difference, session->style()) << '\n';
+      std::cout << Line(difference, io->style()) << '\n';
     }
   }
-  session->ReportFault(options.before, before_tree.fault);
-  session->ReportFault(options.after, after_tree.fault);
+  io->ReportFault(options.before, before_tree.fault);
+  io->ReportFault(options.after, after_tree.fault);
 }
 
 }  // namespace
 
-void AddDiff(CLI::App* program, Session* session) {
-  CLI::App* const command = program->add_subcommand(
-      "diff", "Compare two records field by field; exit status 0 if equal");
+void AddDiff(CLI::App* program, CommandIo* io) {
+  CLI::App* const command =
+      program->add_subcommand("diff", "Compare two records field by field");
   const auto options = std::make_shared<Options>();
   command
       ->add_option("before", options->before, "A record; - is standard input")
@@ -67,22 +68,24 @@ void AddDiff(CLI::App* program, Session* session) {
   command->add_option("after", options->after, "The other one")
       ->required()
       ->type_name("B");
-  Session::AddType(command, "The records' type", &options->type);
+  CommandIo::AddType(command,
+                     "The records' type; by default the most likely root",
+                     &options->type);
   command
       ->add_option("--tolerance", options->tolerance,
-                   "How far floats may lie apart and count as equal")
+                   "Up to this difference floats are equal")
       ->check(CLI::NonNegativeNumber)
       ->type_name("X");
-  session->AddInputOptions(command);
+  io->AddInputOptions(command);
   command->footer(
-      "+ is only in B, - only in A, ~ in both and unlike. --quiet shows "
-      "nothing\n"
-      "and leaves it to the exit status.\n\n"
+      "+ is only in B, - only in A, ~ differs. --quiet shows nothing. The "
+      "exit\n"
+      "status is 1 if the records differ.\n\n"
       "Example:\n"
       "  printf '08 05 10 07' >a.hex; printf '08 06 18 01' >b.hex\n"
       "  vantiro-records diff --hex --type ZAfRoiDimLite a.hex b.hex");
-  command->callback([=] { Diff(*options, session); });
+  command->callback([=] { Diff(*options, io); });
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

@@ -1,11 +1,12 @@
 #include <iostream>
 #include <memory>
 
-#include "tools/commands/session.h"
-#include "tools/formats.h"
+#include "tools/commands/commands.h"
+#include "tools/formats/json.h"
+#include "tools/formats/text_format.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 struct Options {
@@ -16,7 +17,7 @@ struct Options {
 
 void Encode(const Options& options) {
   const Descriptor& type = Schema::BuiltIn().FindMessage(options.type);
-  const std::string text = Session::ReadFile(options.file);
+  const std::string text = CommandIo::ReadFile(options.file);
   const Record record =
       options.from == "text" ? ReadText(type, text) : ReadJson(type, text);
   std::cout << Serialize(record);
@@ -24,14 +25,18 @@ void Encode(const Options& options) {
 
 }  // namespace
 
-void AddEncode(CLI::App* program, Session* /*session*/) {
+void AddEncode(CLI::App* program) {
   CLI::App* const command = program->add_subcommand(
-      "encode", "Make a record from what decode prints");
+      "encode", "Make a record from text or JSON, as decode writes them");
   const auto options = std::make_shared<Options>();
-  command->add_option("file", options->file, "The text; - is standard input")
+  command
+      ->add_option("file", options->file,
+                   "The text or JSON; - is standard input")
       ->type_name("FILE");
-  Session::AddType(command, "The record's type", &options->type)->required();
-  command->add_option("--from", options->from, "Its format: text or json")
+  CommandIo::AddType(command, "The record's type", &options->type)->required();
+  command
+      ->add_option("--from", options->from,
+                   "The format of the input: text or json")
       ->check(CLI::IsMember({"text", "json"}))
       ->type_name("FORMAT");
   command->footer(
@@ -41,5 +46,5 @@ void AddEncode(CLI::App* program, Session* /*session*/) {
   command->callback([=] { Encode(*options); });
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

@@ -1,14 +1,14 @@
-#include "tools/identify.h"
+#include "tools/identify/identify.h"
 
 #include <cmath>
 #include <iostream>
 #include <memory>
 
-#include "tools/commands/session.h"
-#include "tools/table.h"
+#include "tools/commands/commands.h"
+#include "tools/io/table.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 struct Options {
@@ -21,62 +21,60 @@ std::string BitsText(double bits) {
   return std::to_string(std::lround(std::floor(bits)));
 }
 
-void NoteDoubt(const std::vector<Candidate>& candidates) {
+void WriteDoubts(const std::vector<Candidate>& candidates) {
   const Candidate& best = candidates.front();
   if (!IsConvincing(best)) {
-    std::cout << "No type is convincing: the first is the least unlikely.\n";
+    std::cout << "No type is likely.\n";
     return;
   }
-  std::string others;
-  for (size_t i = 1; i < candidates.size(); ++i) {
-    if (!IsTie(best, candidates[i])) break;
-    others += " " + candidates[i].type->full_name();
+  std::string names = best.type->full_name();
+  size_t count = 1;
+  while (count < candidates.size() && IsTie(best, candidates[count])) {
+    names += ", " + candidates[count++].type->full_name();
   }
-  if (!others.empty()) {
-    std::cout << "Nothing in the bytes tells " << best.type->full_name()
-              << " from" << others << ".\n";
-  }
+  if (count > 1) std::cout << "Equally likely: " << names << ".\n";
 }
 
-void IdentifyFile(const Options& options, Session* session) {
-  const std::string bytes = session->ReadBytes(options.file);
+void IdentifyFile(const Options& options, CommandIo* io) {
+  const std::string bytes = io->ReadBytes(options.file);
   const Schema& schema = Schema::BuiltIn();
   const std::vector<Candidate> candidates =
       Identify(options.all ? schema.messages() : schema.roots(), bytes);
   std::vector<Row> rows = {{"score", "known", "type", "reason"}};
   for (const Candidate& candidate : candidates) {
     if (rows.size() > options.most) break;
-    rows.push_back({BitsText(candidate.evidence.bits),
+    rows.push_back({BitsText(candidate.score.bits),
                     std::to_string(candidate.known_percent) + "%",
                     candidate.type->full_name(), candidate.reason});
   }
-  WriteTable(rows, session->style(), &std::cout);
-  if (!session->quiet()) NoteDoubt(candidates);
-  if (!IsConvincing(candidates.front())) session->Raise(kFound);
+  WriteTable(rows, io->style(), &std::cout);
+  if (!io->quiet()) WriteDoubts(candidates);
+  if (!IsConvincing(candidates.front())) io->RaiseStatus(kFound);
 }
 
 }  // namespace
 
-void AddIdentify(CLI::App* program, Session* session) {
-  CLI::App* const command = program->add_subcommand(
-      "identify", "Rank the types by how well a record's bytes fit them");
+void AddIdentify(CLI::App* program, CommandIo* io) {
+  CLI::App* const command =
+      program->add_subcommand("identify", "List the likely types of a record");
   const auto options = std::make_shared<Options>();
-  Session::AddFile(command, "The record", &options->file);
+  CommandIo::AddFile(command, "The record", &options->file);
   command->add_flag("--all", options->all,
-                    "Try all types, not only the sixteen roots");
-  command->add_option("-n,--most", options->most, "Show so many types (5)")
+                    "Consider all types, not only the sixteen roots");
+  command->add_option("-n,--most", options->most, "How many types to show (5)")
       ->check(CLI::PositiveNumber)
       ->type_name("COUNT");
-  session->AddInputOptions(command);
+  io->AddInputOptions(command);
   command->footer(
-      "The score is in bits: how much shorter the bytes can be described with\n"
-      "the type than without. Noise scores below zero; by chance it reaches B\n"
-      "once in 2^B files. The exit status is 1 if no type is convincing.\n\n"
+      "The score is the number of bits by which knowing the type shortens an\n"
+      "encoding of the bytes. Random bytes score below zero, and reach B in "
+      "one\n"
+      "case of 2^B. The exit status is 1 if no type is likely.\n\n"
       "Example:\n"
       "  echo '0d 00 00 80 3f 15 00 00 00 40 18 03' |\n"
       "    vantiro-records identify --hex -");
-  command->callback([=] { IdentifyFile(*options, session); });
+  command->callback([=] { IdentifyFile(*options, io); });
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

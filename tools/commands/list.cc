@@ -2,16 +2,16 @@
 #include <memory>
 #include <vector>
 
-#include "tools/commands/session.h"
-#include "tools/table.h"
+#include "tools/commands/commands.h"
+#include "tools/io/table.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 std::string Count(int count) { return std::to_string(count); }
 
-std::vector<Row> Units(const Schema& schema) {
+std::vector<Row> UnitRows(const Schema& schema) {
   std::vector<Row> rows = {{"unit", "package", "messages", "enums"}};
   for (const FileDescriptor* const unit : schema.units()) {
     int messages = 0;
@@ -28,8 +28,8 @@ std::vector<Row> Units(const Schema& schema) {
   return rows;
 }
 
-std::vector<Row> Messages(const std::string& head,
-                          const std::vector<const Descriptor*>& messages) {
+std::vector<Row> MessageRows(const std::string& head,
+                             const Messages& messages) {
   std::vector<Row> rows = {{head, "fields", "unit"}};
   for (const Descriptor* const message : messages) {
     rows.push_back({message->full_name(), Count(message->field_count()),
@@ -38,7 +38,7 @@ std::vector<Row> Messages(const std::string& head,
   return rows;
 }
 
-std::vector<Row> Enums(const Schema& schema) {
+std::vector<Row> EnumRows(const Schema& schema) {
   std::vector<Row> rows = {{"enum", "values", "unit"}};
   for (const EnumDescriptor* const enumeration : schema.enums()) {
     rows.push_back({enumeration->full_name(), Count(enumeration->value_count()),
@@ -47,37 +47,37 @@ std::vector<Row> Enums(const Schema& schema) {
   return rows;
 }
 
-void List(const std::string& what, const Session& session) {
+void List(const std::string& what, const CommandIo& io) {
   const Schema& schema = Schema::BuiltIn();
   std::vector<std::vector<Row>> tables;
   const bool all = what == "all";
   if (all || what == "roots") {
-    tables.push_back(Messages("root", schema.roots()));
+    tables.push_back(MessageRows("root", schema.roots()));
   }
-  if (all || what == "units") tables.push_back(Units(schema));
+  if (all || what == "units") tables.push_back(UnitRows(schema));
   if (all || what == "messages") {
-    tables.push_back(Messages("message", schema.messages()));
+    tables.push_back(MessageRows("message", schema.messages()));
   }
-  if (all || what == "enums") tables.push_back(Enums(schema));
+  if (all || what == "enums") tables.push_back(EnumRows(schema));
   for (const std::vector<Row>& table : tables) {
     if (&table != &tables.front()) std::cout << '\n';
-    WriteTable(table, session.style(), &std::cout);
+    WriteTable(table, io.style(), &std::cout);
   }
 }
 
 }  // namespace
 
-void AddList(CLI::App* program, Session* session) {
+void AddList(CLI::App* program, CommandIo* io) {
   CLI::App* const command = program->add_subcommand(
       "list", "List the roots, units, messages and enums of the schema");
   const auto what = std::make_shared<std::string>("all");
   command->add_option("what", *what, "roots, units, messages, enums or all")
       ->check(CLI::IsMember({"all", "roots", "units", "messages", "enums"}))
       ->type_name("WHAT");
-  session->AddOutputOptions(command);
+  io->AddOutputOptions(command);
   command->footer("Example:\n  vantiro-records list roots");
-  command->callback([=] { List(*what, *session); });
+  command->callback([=] { List(*what, *io); });
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

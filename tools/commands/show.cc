@@ -3,20 +3,20 @@
 #include <memory>
 #include <vector>
 
-#include "tools/commands/session.h"
-#include "tools/scalar.h"
-#include "tools/table.h"
-#include "tools/wire_tag.h"
+#include "tools/commands/commands.h"
+#include "tools/io/table.h"
+#include "tools/wire/scalar.h"
+#include "tools/wire/wire_tag.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
-std::string Kind(const FieldDescriptor& field) {
-  std::string kind = field.type_name();
-  if (field.message_type() != nullptr) kind = field.message_type()->full_name();
-  if (field.enum_type() != nullptr) kind = field.enum_type()->full_name();
-  return field.is_repeated() ? "list of " + kind : kind;
+std::string TypeText(const FieldDescriptor& field) {
+  std::string type = field.type_name();
+  if (field.message_type() != nullptr) type = field.message_type()->full_name();
+  if (field.enum_type() != nullptr) type = field.enum_type()->full_name();
+  return field.is_repeated() ? "repeated " + type : type;
 }
 
 template <typename T>
@@ -34,11 +34,11 @@ void ShowMessage(const Descriptor& message, const Style& style) {
               << ", field " << carrier->number() << '\n';
   }
   if (carriers.empty()) std::cout << "  a root: no other message carries it\n";
-  std::vector<Row> rows = {{"no.", "tag", "name", "kind", "comment"}};
+  std::vector<Row> rows = {{"number", "tag", "name", "type", "comment"}};
   for (int i = 0; i < message.field_count(); ++i) {
     const FieldDescriptor& field = *message.field(i);
     rows.push_back({std::to_string(field.number()), WireTag(field),
-                    field.name(), Kind(field), Schema::Comment(field)});
+                    field.name(), TypeText(field), Schema::Comment(field)});
   }
   std::cout << '\n';
   WriteTable(rows, style, &std::cout);
@@ -56,29 +56,30 @@ void ShowEnum(const EnumDescriptor& enumeration, const Style& style) {
   WriteTable(rows, style, &std::cout);
 }
 
-void Show(const std::string& name, const Session& session) {
+void Show(const std::string& name, const CommandIo& io) {
   const NamedType type = Schema::BuiltIn().Find(name);
   if (type.message != nullptr) {
-    ShowMessage(*type.message, session.style());
+    ShowMessage(*type.message, io.style());
   } else {
-    ShowEnum(*type.enumeration, session.style());
+    ShowEnum(*type.enumeration, io.style());
   }
 }
 
 }  // namespace
 
-void AddShow(CLI::App* program, Session* session) {
+void AddShow(CLI::App* program, CommandIo* io) {
   CLI::App* const command = program->add_subcommand(
-      "show", "Show one type: its fields or values, tags and comments");
+      "show", "Show a message or an enum of the schema");
   const auto name = std::make_shared<std::string>();
   command
-      ->add_option("type", *name, "Its name; the end of it if that is unique")
+      ->add_option("type", *name,
+                   "Its name, or the end of it if that is unique")
       ->required()
       ->type_name("TYPE");
-  session->AddOutputOptions(command);
+  io->AddOutputOptions(command);
   command->footer("Example:\n  vantiro-records show ZAfSmartRoi");
-  command->callback([=] { Show(*name, *session); });
+  command->callback([=] { Show(*name, *io); });
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

@@ -1,18 +1,15 @@
-#include "tools/split.h"
-
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <memory>
 
-#include "tools/commands/session.h"
-#include "tools/identify.h"
-#include "tools/table.h"
+#include "tools/commands/commands.h"
+#include "tools/identify/identify.h"
+#include "tools/io/table.h"
+#include "tools/wire/delimited.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 namespace fs = std::filesystem;
@@ -27,18 +24,9 @@ std::string LikelyType(std::string_view bytes) {
   return IsConvincing(best) ? best.type->full_name() : "?";
 }
 
-void WriteFile(const fs::path& path, std::string_view bytes) {
-  std::ofstream file(path, std::ios::binary);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!file.flush()) {
-    throw UsageError("cannot write " + path.string() + ": " +
-                     std::strerror(errno));
-  }
-}
-
-void SplitFile(const Options& options, Session* session) {
-  const std::string bytes = session->ReadBytes(options.file);
-  const SplitStream stream = Split(bytes);
+void SplitFile(const Options& options, CommandIo* io) {
+  const std::string bytes = io->ReadBytes(options.file);
+  const DelimitedStream stream = ReadDelimited(bytes);
   if (!options.folder.empty()) fs::create_directories(options.folder);
   std::vector<Row> rows = {{"record", "offset", "size", "likely type"}};
   for (size_t i = 0; i < stream.records.size(); ++i) {
@@ -47,35 +35,34 @@ void SplitFile(const Options& options, Session* session) {
     char name[32];
     std::snprintf(name, sizeof(name), "%06zu.bin", i);
     if (!options.folder.empty()) {
-      WriteFile(fs::path(options.folder) / name, record);
+      CommandIo::WriteFile(fs::path(options.folder) / name, record);
     }
     rows.push_back({options.folder.empty() ? std::to_string(i) : name,
                     std::to_string(span.offset), std::to_string(span.size),
                     LikelyType(record)});
   }
-  WriteTable(rows, session->style(), &std::cout);
-  session->ReportFault(options.file, stream.fault);
+  WriteTable(rows, io->style(), &std::cout);
+  io->ReportFault(options.file, stream.fault);
 }
 
 }  // namespace
 
-void AddSplit(CLI::App* program, Session* session) {
+void AddSplit(CLI::App* program, CommandIo* io) {
   CLI::App* const command = program->add_subcommand(
-      "split", "Take apart a stream of records behind their lengths");
+      "split", "Split a stream of length-delimited records");
   const auto options = std::make_shared<Options>();
-  Session::AddFile(command, "The stream", &options->file);
+  CommandIo::AddFile(command, "The stream", &options->file);
   command
-      ->add_option(
-          "-o,--out", options->folder,
-          "Write the records into this folder, as 000000.bin and so on")
+      ->add_option("-o,--out", options->folder,
+                   "Write the records to files in this folder: 000000.bin, ...")
       ->type_name("FOLDER");
-  session->AddInputOptions(command);
+  io->AddInputOptions(command);
   command->footer(
-      "Each record stands behind its length as a varint.\n\n"
+      "Each record follows its length, which is a varint.\n\n"
       "Example:\n"
       "  echo '02 08 05  04 08 05 10 07' | vantiro-records split --hex -");
-  command->callback([=] { SplitFile(*options, session); });
+  command->callback([=] { SplitFile(*options, io); });
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

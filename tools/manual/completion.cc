@@ -4,16 +4,16 @@
 #include <map>
 #include <string>
 
-#include "tools/commands/program.h"
-#include "tools/schema.h"
+#include "tools/program/program.h"
+#include "tools/schema/schema.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
-// The shell code that offers what can stand for `option`: "auto always never"
-// of "WHEN:{auto,always,never}", types, files, or nothing.
-std::string Offer(const CLI::Option& option) {
+// The shell code that completes the value of `option`: "auto always never" for
+// "WHEN:{auto,always,never}", types, files, or nothing.
+std::string CompleteValue(const CLI::Option& option) {
   std::string type = option.get_type_name();
   if (type == "TYPE") return "offer \"$types\"";
   if (type == "FILE" || type == "OUT" || type == "A" || type == "B") {
@@ -27,19 +27,19 @@ std::string Offer(const CLI::Option& option) {
   return "offer \"" + type + "\"";
 }
 
-// "-t|--type" with `between` as "|".
-std::string Names(const CLI::Option& option, const std::string& between) {
+// The names of the option: "-t|--type" if `separator` is "|".
+std::string Names(const CLI::Option& option, const std::string& separator) {
   std::string names;
   for (const std::string& name : option.get_snames()) {
-    names += (names.empty() ? "-" : between + "-") + name;
+    names += (names.empty() ? "-" : separator + "-") + name;
   }
   for (const std::string& name : option.get_lnames()) {
-    names += (names.empty() ? "--" : between + "--") + name;
+    names += (names.empty() ? "--" : separator + "--") + name;
   }
   return names;
 }
 
-// All full names, and those last parts of them that no other type shares.
+// All full names, and their last parts where these are unique.
 std::string Types() {
   std::map<std::string, int> counts;
   const Schema& schema = Schema::BuiltIn();
@@ -59,13 +59,13 @@ void WriteCommand(const CLI::App& command, std::ostream& out) {
   std::string positional = "files";
   for (const CLI::Option* option : command.get_options()) {
     if (option->get_positional()) {
-      positional = Offer(*option);
+      positional = CompleteValue(*option);
       continue;
     }
     options += (options.empty() ? "" : " ") + Names(*option, " ");
     if (option->get_items_expected_max() == 0) continue;
     std::string pattern = Names(*option, "|" + name + ":");
-    out << "    " << name << ':' << pattern << ") " << Offer(*option)
+    out << "    " << name << ':' << pattern << ") " << CompleteValue(*option)
         << " ;;\n";
   }
   out << "    " << name << ":*)\n      if [[ $word == -* ]]; then offer \""
@@ -106,5 +106,5 @@ complete -o filenames -F _vantiro_records vantiro-records
 )";
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

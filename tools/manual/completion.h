@@ -1,4 +1,4 @@
-// What bash needs to complete the program's commands, options and types.
+// Completion of the program's commands, options and types for bash.
 
 #ifndef VANTIRO_TOOLS_MANUAL_COMPLETION_H_
 #define VANTIRO_TOOLS_MANUAL_COMPLETION_H_
@@ -7,11 +7,11 @@
 #include <ostream>
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 
 void WriteCompletion(const CLI::App& program, std::ostream* out);
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro
 
 #endif  // VANTIRO_TOOLS_MANUAL_COMPLETION_H_

@@ -3,21 +3,21 @@
 #include <fstream>
 #include <iostream>
 
-#include "tools/commands/program.h"
 #include "tools/manual/completion.h"
 #include "tools/manual/man_page.h"
+#include "tools/program/program.h"
 
 int main(int argc, char** argv) {
   if (argc != 4) {
     std::cerr << "usage: make_manual VERSION MAN_PAGE COMPLETION\n";
     return 2;
   }
-  vantiro::inspection::Session session;
-  const auto program = vantiro::inspection::MakeProgram(&session);
+  vantiro::tools::CommandIo io;
+  const auto program = vantiro::tools::MakeProgram(&io);
   std::ofstream page(argv[2]);
-  vantiro::inspection::WriteManPage(*program, argv[1], &page);
+  vantiro::tools::WriteManPage(*program, argv[1], &page);
   std::ofstream completion(argv[3]);
-  vantiro::inspection::WriteCompletion(*program, &completion);
+  vantiro::tools::WriteCompletion(*program, &completion);
   if (page.flush() && completion.flush()) return 0;
   std::cerr << "make_manual: cannot write " << argv[2] << " or " << argv[3]
             << "\n";

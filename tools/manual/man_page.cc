@@ -1,12 +1,12 @@
 #include "tools/manual/man_page.h"
 
-#include "tools/commands/program.h"
+#include "tools/program/program.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
-// `text` with what the formatter would read as its own replaced.
+// `text` with the characters escaped that are special in roff.
 std::string Escaped(const std::string& text) {
   std::string result;
   bool begins_line = true;
@@ -53,14 +53,14 @@ std::string Synopsis(const CLI::App& command) {
   for (const CLI::Option* option : command.get_options()) {
     if (!option->get_positional()) continue;
     const std::string name = "\\fI" + Escaped(Placeholder(*option)) + "\\fR";
-    const bool is_list = option->get_items_expected_max() > 1;
+    const bool is_repeated = option->get_items_expected_max() > 1;
     line += " " + (option->get_required() ? name : "[" + name + "]") +
-            (is_list ? "..." : "");
+            (is_repeated ? "..." : "");
   }
   return line;
 }
 
-// The footer of a command tells more, and ends with an example.
+// The footer of a command has an example, and text before it.
 void WriteFooter(const std::string& footer, std::ostream& out) {
   const std::string heading = "Example:\n";
   const size_t example = footer.find(heading);
@@ -89,7 +89,7 @@ void WriteManPage(const CLI::App& program, const std::string& version,
                   std::ostream* out) {
   *out << R"(.TH VANTIRO\-RECORDS 1 "" "vantiro\-records )" << version << R"("
 .SH NAME
-vantiro\-records \- look into records of the camera stack
+vantiro\-records \- inspect records of the camera stack
 .SH SYNOPSIS
 \fBvantiro\-records\fR \fICOMMAND\fR [\fIOPTION\fR]... [\fIFILE\fR]...
 .SH DESCRIPTION
@@ -101,5 +101,5 @@ vantiro\-records \- look into records of the camera stack
   }
 }
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro

@@ -8,12 +8,12 @@
 #include <string>
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 
 void WriteManPage(const CLI::App& program, const std::string& version,
                   std::ostream* out);
 
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro
 
 #endif  // VANTIRO_TOOLS_MANUAL_MAN_PAGE_H_

@@ -1,5 +1,5 @@
-// Lights up the bytes of a field and the field of bytes; search, folding, and
-// arrow keys in the tree. The page is whole without it.
+// Highlights the bytes of a field and the field of bytes; search, folding, and
+// arrow keys in the tree. The page shows everything without it.
 (() => {
   "use strict";
 
@@ -11,7 +11,7 @@
   const begin = (element) => Number(element.dataset.begin);
   const end = (element) => Number(element.dataset.end);
 
-  // The pieces stand in the order of the bytes.
+  // The pieces are in the order of the bytes.
   function firstPiece(offset) {
     let low = 0;
     let high = pieces.length;
@@ -37,7 +37,7 @@
     far?.scrollIntoView({ block: "nearest" });
   }
 
-  // The line itself, or the folded one that it is in.
+  // The line itself, or the folded line that contains it.
   function shownLine(line) {
     let shown = line;
     for (
@@ -132,7 +132,7 @@
     document.getElementById("found").textContent = query
       ? `${found.length} of ${lines.length}`
       : "";
-    // Of the lines around an offset the innermost one.
+    // Of the lines that contain an offset, the innermost one.
     const best = query.startsWith("0x") ? found[found.length - 1] : found[0];
     if (best) light(best, bytes);
   }

@@ -1,4 +1,4 @@
-// What a page brings along.
+// The style and script of the annotation page.
 
         .section .rodata
         .globl vantiro_annotation_style_begin

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <vector>
 
-#include "tools/html.h"
+#include "tools/page/html.h"
 #include "tools/reference/links.h"
 
 namespace vantiro {
@@ -44,8 +44,8 @@ bool IsNameCharacter(char c) {
          c == '.';
 }
 
-// The address of what `name` stands for in `scope` (a package or a message),
-// empty if that is nothing that has a place on a page.
+// The address of the declaration `name` in `scope`, a package or a message;
+// empty if there is none.
 std::string AddressInScope(const std::string& scope, const std::string& name,
                            const FileDescriptor* unit) {
   const auto* pool = unit->pool();
@@ -62,7 +62,7 @@ std::string AddressInScope(const std::string& scope, const std::string& name,
   return "";
 }
 
-// A bare word such as "time" means the word, not the field of that name.
+// A word such as "time" is a word, not the name of a field.
 bool IsPlainWord(const std::string& name) {
   for (const char c : name) {
     if (std::islower(static_cast<unsigned char>(c)) == 0) return false;
@@ -77,7 +77,7 @@ std::string AddressOfName(const std::string& name, const FileDescriptor* unit,
     const FieldDescriptor* field = message->FindFieldByName(name);
     if (field != nullptr) return Address(unit, unit, AnchorOf(field));
   }
-  // From the inside out, as the schema's own references are looked up.
+  // From the innermost scope outwards, as type names in a schema are resolved.
   std::string scope =
       message != nullptr ? message->full_name() : unit->package();
   while (true) {
@@ -105,7 +105,7 @@ std::string LinkNames(const std::string& text, const FileDescriptor* unit,
   while (at < text.size()) {
     size_t end = at;
     while (end < text.size() && IsNameCharacter(text[end])) ++end;
-    // The full stop of a sentence isn't part of the name.
+    // The full stop of a sentence is not part of the name.
     while (end > at && text[end - 1] == '.') --end;
     if (end == at) {
       result += Escape(text.substr(at++, 1));

@@ -10,7 +10,8 @@
 namespace vantiro {
 namespace reference {
 
-// The text of a comment, its marks taken off; empty where there is none.
+// The text of the comment above a declaration, or at the head of a unit; empty
+// if there is none.
 std::string CommentOf(const google::protobuf::FileDescriptor* unit);
 template <typename Declared>
 std::string CommentOf(const Declared* declared) {
@@ -19,15 +20,14 @@ std::string CommentOf(const Declared* declared) {
                                                 : "";
 }
 
-// `comment` as paragraphs for the page of `unit`. Names of messages, enums and
-// their values in it become links, also those of fields of `message` if that
-// isn't null.
+// `comment` as paragraphs for the page of `unit`. The names of messages, enums
+// and enum values become links, and those of fields of `message` if that is not
+// null.
 std::string Paragraphs(const std::string& comment,
                        const google::protobuf::FileDescriptor* unit,
                        const google::protobuf::Descriptor* message);
 
-// The beginning of `comment` as plain text for HTML: one sentence, or more
-// while they are short.
+// The first sentence of `comment` as text in HTML; more if it is short.
 std::string Summary(const std::string& comment);
 
 }  // namespace reference

@@ -35,7 +35,7 @@ std::string AnchorOf(const FieldDescriptor* field) {
 }
 
 std::string AnchorOf(const EnumValueDescriptor* value) {
-  // The value's full name is one of the package, not of the enum.
+  // An enum value's full name is in the scope of the enum, not below it.
   return NameInUnit(value->type()) + "." + value->name();
 }
 

@@ -1,4 +1,4 @@
-// What things are called on the pages, and where they stand.
+// The names and addresses of types and fields on the pages.
 
 #ifndef VANTIRO_TOOLS_REFERENCE_LINKS_H_
 #define VANTIRO_TOOLS_REFERENCE_LINKS_H_
@@ -10,16 +10,16 @@
 namespace vantiro {
 namespace reference {
 
-// `name` with places at which a line may break: where words in it begin.
+// `name` with possible line breaks between its words.
 std::string Breakable(const std::string& name);
 
-// The unit's name: that of its file without the ending.
+// The name of the unit's file without its extension.
 std::string StemOf(const google::protobuf::FileDescriptor* unit);
-// The file that holds the unit's page.
+// The file name of the unit's page.
 std::string PageOf(const google::protobuf::FileDescriptor* unit);
 
-// A type's name without its package, which is also its anchor on the page. That
-// of a field or an enum value stands behind that of its type: "Message.field".
+// A type's name without its package, which is also its anchor on the page. The
+// anchor of a field or an enum value is "Type.name".
 template <typename Type>
 std::string NameInUnit(const Type* type) {
   return type->full_name().substr(type->file()->package().size() + 1);
@@ -27,14 +27,14 @@ std::string NameInUnit(const Type* type) {
 std::string AnchorOf(const google::protobuf::FieldDescriptor* field);
 std::string AnchorOf(const google::protobuf::EnumValueDescriptor* value);
 
-// The address of `anchor` on the page of `unit`, as seen from that of `from`.
-// `from` is null on the front page.
+// The address of `anchor` on the page of `unit`, relative to the page of
+// `from`, or to the front page if that is null.
 std::string Address(const google::protobuf::FileDescriptor* from,
                     const google::protobuf::FileDescriptor* unit,
                     const std::string& anchor);
 
-// A type's name as it is told on the page of `from`: behind the last part of
-// its package where that is another one.
+// A type's name on the page of `from`: after the last part of its package if
+// that is not the package of `from`.
 template <typename Type>
 std::string ShownName(const google::protobuf::FileDescriptor* from,
                       const Type* type) {

@@ -8,7 +8,7 @@
 #include "tools/reference/links.h"
 #include "tools/reference/page.h"
 #include "tools/reference/search_index.h"
-#include "tools/schema.h"
+#include "tools/schema/schema.h"
 
 namespace {
 
@@ -31,7 +31,7 @@ bool Write(const std::string& path, const std::string& content) {
   return false;
 }
 
-bool WritePages(const vantiro::inspection::Schema& schema,
+bool WritePages(const vantiro::tools::Schema& schema,
                 const reference::PageParts& parts, const std::string& folder) {
   for (const auto* unit : schema.units()) {
     if (!Write(folder + "/" + reference::PageOf(unit),
@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: make_reference PALETTE STYLE SCRIPT FOLDER\n";
     return 2;
   }
-  const auto& schema = vantiro::inspection::Schema::BuiltIn();
+  const auto& schema = vantiro::tools::Schema::BuiltIn();
   reference::PageParts parts;
   std::string palette;
   if (!Read(argv[1], &palette) || !Read(argv[2], &parts.style) ||

@@ -8,7 +8,7 @@
 #include "tools/reference/tree.h"
 #include "tools/reference/tree_picture.h"
 #include "tools/reference/type_section.h"
-#include "tools/reference/unit_types.h"
+#include "tools/schema/unit_types.h"
 
 namespace vantiro {
 namespace reference {
@@ -19,14 +19,17 @@ using google::protobuf::Descriptor;
 using google::protobuf::EnumDescriptor;
 using google::protobuf::FileDescriptor;
 using std::to_string;
+using tools::Enums;
+using tools::EnumsOf;
+using tools::Messages;
+using tools::MessagesOf;
 
 std::string Count(size_t count, const std::string& noun) {
   return to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-// The units, and below the one shown what stands on its page.
-std::string Contents(const inspection::Schema& schema,
-                     const FileDescriptor* shown) {
+// The list of units, with the types of the unit that is shown.
+std::string Contents(const tools::Schema& schema, const FileDescriptor* shown) {
   std::string items;
   for (const FileDescriptor* unit : schema.units()) {
     std::string types;
@@ -53,7 +56,7 @@ std::string Contents(const inspection::Schema& schema,
   return items;
 }
 
-std::string Page(const inspection::Schema& schema, const FileDescriptor* shown,
+std::string Page(const tools::Schema& schema, const FileDescriptor* shown,
                  const std::string& title, const std::string& content,
                  const PageParts& parts) {
   return Substitute(
@@ -116,13 +119,13 @@ std::string RootCard(const Descriptor* root) {
                      {"summary", Summary(CommentOf(root))},
                      {"types", Count(TypeCountOf(tree), "type")},
                      {"depth", to_string(DepthOf(tree))},
-                     {"outline", TreeOutline(tree, "The shape of its tree")}},
+                     {"outline", TreeOutline(tree, "Outline of its tree")}},
                     R"(
       <li class="card">
       <h3>$link$</h3>
       <p>$summary$</p>
       $outline$
-      <p class="facts">$types$, $depth$ deep · $unit$</p>
+      <p class="facts">$types$, $depth$ levels · $unit$</p>
       </li>
       )");
 }
@@ -138,7 +141,7 @@ std::string UnitRow(const FileDescriptor* unit) {
               )");
 }
 
-std::string Totals(const inspection::Schema& schema) {
+std::string Totals(const tools::Schema& schema) {
   size_t messages = 0;
   size_t enums = 0;
   size_t fields = 0;
@@ -165,8 +168,8 @@ std::string UnitList(const std::string& label,
   return "<dt>" + label + "</dt><dd>" + links + "</dd>\n";
 }
 
-// What the unit imports, and who imports it.
-std::string Neighbours(const inspection::Schema& schema,
+// The units that this one imports, and those that import it.
+std::string Neighbours(const tools::Schema& schema,
                        const FileDescriptor* unit) {
   std::vector<const FileDescriptor*> imported;
   std::vector<const FileDescriptor*> importing;
@@ -188,8 +191,7 @@ std::string Titled(const std::string& title, const std::string& sections) {
 
 }  // namespace
 
-std::string FrontPage(const inspection::Schema& schema,
-                      const PageParts& parts) {
+std::string FrontPage(const tools::Schema& schema, const PageParts& parts) {
   std::string cards;
   const Messages& roots = schema.roots();
   for (const Descriptor* root : roots) cards += RootCard(root);
@@ -204,13 +206,13 @@ std::string FrontPage(const inspection::Schema& schema,
     <h1>Record types</h1>
     <p class="lead">The debug, metadata and logging records of a camera stack's image control: $totals$.</p>
     <h2>$roots$</h2>
-    <p>Messages that no other carries. A file or a log entry holds one of them, and all else lies below it.</p>
+    <p>Messages that no other message carries. A file or a log entry is one of them.</p>
     <ul class="cards">
     $cards$
     </ul>
     <h2>Units</h2>
     <table class="overview">
-    <thead><tr><th scope="col">Unit</th><th scope="col">What it holds</th><th scope="col" class="number">Messages</th><th scope="col" class="number">Enums</th></tr></thead>
+    <thead><tr><th scope="col">Unit</th><th scope="col">Contents</th><th scope="col" class="number">Messages</th><th scope="col" class="number">Enums</th></tr></thead>
     <tbody>
     $units$
     </tbody>
@@ -219,8 +221,8 @@ std::string FrontPage(const inspection::Schema& schema,
   return Page(schema, nullptr, "Vantiro record types", content, parts);
 }
 
-std::string UnitPage(const inspection::Schema& schema,
-                     const FileDescriptor* unit, const PageParts& parts) {
+std::string UnitPage(const tools::Schema& schema, const FileDescriptor* unit,
+                     const PageParts& parts) {
   std::string messages;
   for (const Descriptor* message : MessagesOf(unit)) {
     messages += MessageSection(schema, message);

@@ -7,20 +7,20 @@
 
 #include <string>
 
-#include "tools/schema.h"
+#include "tools/schema/schema.h"
 
 namespace vantiro {
 namespace reference {
 
-// What every page brings along, so that each stands alone.
+// The parts that every page contains, so that it needs no other file.
 struct PageParts {
   std::string style;
   std::string script;
   std::string search_index;
 };
 
-std::string FrontPage(const inspection::Schema& schema, const PageParts& parts);
-std::string UnitPage(const inspection::Schema& schema,
+std::string FrontPage(const tools::Schema& schema, const PageParts& parts);
+std::string UnitPage(const tools::Schema& schema,
                      const google::protobuf::FileDescriptor* unit,
                      const PageParts& parts);
 

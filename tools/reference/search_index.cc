@@ -1,7 +1,7 @@
 #include "tools/reference/search_index.h"
 
 #include "tools/reference/links.h"
-#include "tools/reference/unit_types.h"
+#include "tools/schema/unit_types.h"
 
 namespace vantiro {
 namespace reference {
@@ -11,8 +11,11 @@ using google::protobuf::Descriptor;
 using google::protobuf::EnumDescriptor;
 using google::protobuf::FieldDescriptor;
 using google::protobuf::FileDescriptor;
+using tools::EnumsOf;
+using tools::FieldsOf;
+using tools::MessagesOf;
 
-// All of these are names, in which nothing has to be escaped.
+// Names need no escapes.
 std::string Quoted(const std::string& name) { return '"' + name + '"'; }
 
 template <typename Type>
@@ -42,7 +45,7 @@ std::string EntryOf(const EnumDescriptor* type) {
 
 }  // namespace
 
-std::string SearchIndex(const inspection::Schema& schema) {
+std::string SearchIndex(const tools::Schema& schema) {
   std::string entries;
   for (const FileDescriptor* unit : schema.units()) {
     for (const Descriptor* message : MessagesOf(unit)) {

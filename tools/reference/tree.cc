@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "tools/reference/unit_types.h"
+#include "tools/schema/unit_types.h"
 
 namespace vantiro {
 namespace reference {
@@ -11,6 +11,7 @@ namespace {
 
 using google::protobuf::Descriptor;
 using google::protobuf::FieldDescriptor;
+using tools::FieldsOf;
 
 bool CarriesMessages(const Descriptor* message) {
   const auto fields = FieldsOf(message);
@@ -23,7 +24,7 @@ bool CarriesMessages(const Descriptor* message) {
 void AddNode(TreeNode node, std::set<const Descriptor*>* seen, Tree* tree) {
   const bool is_new = seen->insert(node.message).second;
   node.repeats = !is_new && CarriesMessages(node.message);
-  const int place = static_cast<int>(tree->size());
+  const int index = static_cast<int>(tree->size());
   tree->push_back(node);
   if (node.repeats) return;
   for (const FieldDescriptor* field : FieldsOf(node.message)) {
@@ -32,7 +33,7 @@ void AddNode(TreeNode node, std::set<const Descriptor*>* seen, Tree* tree) {
     child.message = field->message_type();
     child.field = field;
     child.depth = node.depth + 1;
-    child.parent = place;
+    child.parent = index;
     AddNode(child, seen, tree);
   }
 }
@@ -50,16 +51,16 @@ Tree TreeOf(const Descriptor* root) {
 
 Tree CutAt(const Tree& tree, int depth) {
   Tree cut;
-  // Where each node, or the lowest kept one above it, stands in the cut.
-  std::vector<int> places;
+  // By node: its index in the result, or that of its nearest ancestor there.
+  std::vector<int> indexes;
   for (const TreeNode& node : tree) {
-    const int parent = places.empty() ? 0 : places[node.parent];
+    const int parent = indexes.empty() ? 0 : indexes[node.parent];
     if (node.depth > depth) {
       ++cut[parent].hidden_count;
-      places.push_back(parent);
+      indexes.push_back(parent);
       continue;
     }
-    places.push_back(static_cast<int>(cut.size()));
+    indexes.push_back(static_cast<int>(cut.size()));
     cut.push_back(node);
     cut.back().parent = parent;
   }

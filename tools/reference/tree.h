@@ -1,4 +1,4 @@
-// What a root carries, at every depth, as a tree.
+// The messages in a root, at all depths, as a tree.
 
 #ifndef VANTIRO_TOOLS_REFERENCE_TREE_H_
 #define VANTIRO_TOOLS_REFERENCE_TREE_H_
@@ -12,18 +12,18 @@ namespace reference {
 
 struct TreeNode {
   const google::protobuf::Descriptor* message = nullptr;
-  // The field that carries it; null at the root.
+  // The field whose type it is; null at the root.
   const google::protobuf::FieldDescriptor* field = nullptr;
   int depth = 0;
-  // The place of the parent in the list; that of the root is its own.
+  // The index of the parent; the root is its own parent.
   int parent = 0;
-  // What it carries stands further up in the list, and not here again.
+  // Its fields are shown at an earlier node of the same message.
   bool repeats = false;
-  // How many nodes below it a cut has taken away.
+  // How many nodes below it are left out.
   int hidden_count = 0;
 };
 
-// The nodes of a tree from the top down, each before those that it carries.
+// The nodes of a tree, each before its children.
 using Tree = std::vector<TreeNode>;
 
 Tree TreeOf(const google::protobuf::Descriptor* root);
@@ -31,13 +31,13 @@ Tree TreeOf(const google::protobuf::Descriptor* root);
 // The nodes down to `depth`; at 0 the root alone.
 Tree CutAt(const Tree& tree, int depth);
 
-// The most of `tree` that has no more than `node_count` nodes, but always the
-// first two levels.
+// As many levels of `tree` as have no more than `node_count` nodes, but at
+// least two.
 Tree CutToCount(const Tree& tree, int node_count);
 
-// How many records deep the tree is; a root alone is one deep.
+// The number of levels; 1 for a root alone.
 int DepthOf(const Tree& tree);
-// How many types are in it, the root among them.
+// The number of different messages, the root included.
 int TypeCountOf(const Tree& tree);
 
 }  // namespace reference

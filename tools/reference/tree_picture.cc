@@ -17,7 +17,7 @@ using std::to_string;
 constexpr int kRowHeight = 24;
 constexpr int kIndentation = 22;
 constexpr int kMargin = 10;
-// A generous character of the page's fixed-width fonts.
+// At least the width of a character in the page's fixed-width fonts.
 constexpr int kCharacterWidth = 8;
 
 int MiddleOf(size_t row) {
@@ -77,7 +77,7 @@ int WidthOf(const Tree& tree, const FileDescriptor* from) {
   return static_cast<int>(width);
 }
 
-// How many leaves each node carries, itself if none.
+// The number of leaves below each node; 1 for a leaf.
 std::vector<int> LeafCounts(const Tree& tree) {
   std::vector<int> counts(tree.size(), 0);
   for (size_t row = tree.size(); row-- > 0;) {

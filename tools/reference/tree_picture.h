@@ -1,4 +1,4 @@
-// Pictures of trees, as SVG to stand in a page.
+// Pictures of trees, as SVG in HTML.
 
 #ifndef VANTIRO_TOOLS_REFERENCE_TREE_PICTURE_H_
 #define VANTIRO_TOOLS_REFERENCE_TREE_PICTURE_H_
@@ -12,14 +12,14 @@
 namespace vantiro {
 namespace reference {
 
-// One line for each node, indented by depth and joined to its parent, with
-// links from the page of `from`.
+// One line for each node, indented by depth and connected to its parent, with
+// links for the page of `from`.
 std::string TreePicture(const Tree& tree,
                         const google::protobuf::FileDescriptor* from,
                         const std::string& title);
 
-// The outline alone: one column for each depth, in which every node is as high
-// as all that it carries.
+// A small picture without text: one column for each depth, in which every node
+// is as high as all of its children.
 std::string TreeOutline(const Tree& tree, const std::string& title);
 
 }  // namespace reference

@@ -5,8 +5,8 @@
 #include "tools/reference/links.h"
 #include "tools/reference/tree.h"
 #include "tools/reference/tree_picture.h"
-#include "tools/reference/unit_types.h"
-#include "tools/wire_tag.h"
+#include "tools/schema/unit_types.h"
+#include "tools/wire/wire_tag.h"
 
 namespace vantiro {
 namespace reference {
@@ -19,24 +19,27 @@ using google::protobuf::EnumValueDescriptor;
 using google::protobuf::FieldDescriptor;
 using google::protobuf::FileDescriptor;
 using std::to_string;
+using tools::Fields;
+using tools::FieldsOf;
+using tools::Messages;
 
-// A picture with more lines than this is cut, and stands whole in a fold.
+// A picture with more lines is shortened; the complete one can be unfolded.
 constexpr int kPictureLines = 30;
 
-std::string Kind(const FieldDescriptor* field) {
+std::string TypeLink(const FieldDescriptor* field) {
   const FileDescriptor* unit = field->file();
-  std::string kind = field->is_repeated() ? "repeated " : "";
+  std::string type = field->is_repeated() ? "repeated " : "";
   if (field->message_type() != nullptr) {
-    kind += LinkTo(unit, field->message_type());
+    type += LinkTo(unit, field->message_type());
   } else if (field->enum_type() != nullptr) {
-    kind += LinkTo(unit, field->enum_type());
+    type += LinkTo(unit, field->enum_type());
   } else {
-    kind += field->type_name();
+    type += field->type_name();
   }
-  return kind + (field->is_packed() ? " <small>packed</small>" : "");
+  return type + (field->is_packed() ? " <small>packed</small>" : "");
 }
 
-// The line below that of a field or value which holds its comment.
+// The table row with the comment of a field or value.
 std::string NoteRow(const std::string& paragraphs, int columns) {
   if (paragraphs.empty()) return "";
   return Substitute({{"columns", to_string(columns)}, {"note", paragraphs}}, R"(
@@ -51,9 +54,9 @@ std::string FieldRow(const FieldDescriptor* field) {
       {{"anchor", AnchorOf(field)},
        {"number", to_string(field->number())},
        {"name", field->name()},
-       {"kind", Kind(field)},
-       {"tag", inspection::WireTag(*field)},
-       {"wire_type", inspection::WireTypeName(*field)},
+       {"kind", TypeLink(field)},
+       {"tag", tools::WireTag(*field)},
+       {"wire_type", tools::WireTypeName(*field)},
        {"note", NoteRow(Paragraphs(CommentOf(field), field->file(),
                                    field->containing_type()),
                         3)}},
@@ -73,7 +76,7 @@ std::string FieldTable(const Descriptor* message) {
   }
   return Substitute({{"rows", rows}}, R"(
     <table class="fields">
-    <thead><tr><th scope="col" class="number"><abbr title="field number">No.</abbr></th><th scope="col">Field</th><th scope="col">Kind</th><th scope="col">Wire tag</th></tr></thead>
+    <thead><tr><th scope="col" class="number"><abbr title="field number">No.</abbr></th><th scope="col">Field</th><th scope="col">Type</th><th scope="col">Tag</th></tr></thead>
     <tbody>
     $rows$
     </tbody>
@@ -118,17 +121,17 @@ std::string RootTree(const Descriptor* root) {
   if (tree.size() == 1) return "";
   const Tree overview = CutToCount(tree, kPictureLines);
   std::string picture =
-      TreePicture(overview, unit, "What " + NameInUnit(root) + " carries");
+      TreePicture(overview, unit, "Messages in " + NameInUnit(root));
   if (overview.size() == tree.size()) return picture;
   return Substitute(
       {{"picture", picture},
        {"types", to_string(TypeCountOf(tree))},
        {"depth", to_string(DepthOf(tree))},
        {"whole",
-        TreePicture(tree, unit, "All that " + NameInUnit(root) + " carries")}},
+        TreePicture(tree, unit, "All messages in " + NameInUnit(root))}},
       R"(
               $picture$
-              <details class="whole-tree"><summary>The whole tree: $types$ types, $depth$ records deep</summary>
+              <details class="whole-tree"><summary>The whole tree: $types$ types, $depth$ levels</summary>
               $whole$
               </details>
               )");
@@ -154,7 +157,7 @@ std::string Section(const std::string& keyword, const std::string& mark,
 
 }  // namespace
 
-std::string MessageSection(const inspection::Schema& schema,
+std::string MessageSection(const tools::Schema& schema,
                            const Descriptor* message) {
   const FileDescriptor* unit = message->file();
   const Fields& carriers = schema.CarriersOf(*message);
@@ -166,7 +169,7 @@ std::string MessageSection(const inspection::Schema& schema,
                      (is_root ? RootTree(message) : "") + FieldTable(message));
 }
 
-std::string EnumSection(const inspection::Schema& schema,
+std::string EnumSection(const tools::Schema& schema,
                         const EnumDescriptor* type) {
   std::string rows;
   for (int i = 0; i < type->value_count(); ++i) {

@@ -1,4 +1,4 @@
-// The part of a page that tells all of one message or enum.
+// The section of one message or enum on a page.
 
 #ifndef VANTIRO_TOOLS_REFERENCE_TYPE_SECTION_H_
 #define VANTIRO_TOOLS_REFERENCE_TYPE_SECTION_H_
@@ -7,14 +7,14 @@
 
 #include <string>
 
-#include "tools/schema.h"
+#include "tools/schema/schema.h"
 
 namespace vantiro {
 namespace reference {
 
-std::string MessageSection(const inspection::Schema& schema,
+std::string MessageSection(const tools::Schema& schema,
                            const google::protobuf::Descriptor* message);
-std::string EnumSection(const inspection::Schema& schema,
+std::string EnumSection(const tools::Schema& schema,
                         const google::protobuf::EnumDescriptor* type);
 
 }  // namespace reference

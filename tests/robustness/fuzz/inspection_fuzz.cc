@@ -13,14 +13,17 @@
 
 #include "tests/robustness/fuzz/check.h"
 #include "tests/robustness/fuzz/fuzz_input.h"
-#include "tools/annotation.h"
-#include "tools/classes.h"
-#include "tools/difference.h"
-#include "tools/formats.h"
-#include "tools/record_tree.h"
+#include "tools/check/classes.h"
+#include "tools/formats/annotation.h"
+#include "tools/formats/format_error.h"
+#include "tools/formats/json.h"
+#include "tools/formats/outline.h"
+#include "tools/formats/text_format.h"
+#include "tools/record/difference.h"
+#include "tools/wire/record_tree.h"
 
 namespace vantiro {
-namespace inspection {
+namespace tools {
 namespace {
 
 using tests::CheckEqual;
@@ -58,9 +61,9 @@ void CheckFormats(Record* record, const std::string& written) {
   const Descriptor& type = *record->type;
   for (const bool with_zeros : {false, true}) {
     if (with_zeros) {
-      AddZeros(record);
+      AddDefaults(record);
     } else {
-      DropZeros(record);
+      RemoveDefaults(record);
     }
     CheckEqual(Serialize(ReadText(type, ToText(*record))), written,
                type.full_name() + ": by text");
@@ -114,11 +117,11 @@ void Run(tests::FuzzInput input) {
 }
 
 }  // namespace
-}  // namespace inspection
+}  // namespace tools
 }  // namespace vantiro
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static const google::protobuf::LogSilencer silence;
-  vantiro::inspection::Run({data, size});
+  vantiro::tools::Run({data, size});
   return 0;
 }

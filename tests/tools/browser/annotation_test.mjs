@@ -28,7 +28,7 @@ const lit = (page) => hexOf(page, "#bytes a.lit");
 const litLine = (page) => page.locator("#fields .lit .name").textContent();
 
 await run({
-  async "hovering a field lights up its bytes"(page) {
+  async "pointing at a field highlights its bytes"(page) {
     await page.setContent(faces);
     const names = page.locator("#fields .name");
     await names.filter({ hasText: /^field_7$/ }).hover();
@@ -37,14 +37,14 @@ await run({
     assert.equal(await lit(page), "12 07 0d 00 00 a0 3e 38 03");
   },
 
-  async "hovering bytes lights up their field"(page) {
+  async "pointing at bytes highlights their field"(page) {
     await page.setContent(faces);
     await page.locator("#bytes a", { hasText: "00 00 a0 3e" }).hover();
     assert.equal(await litLine(page), "field_1");
     assert.equal(await lit(page), "0d 00 00 a0 3e");
   },
 
-  async "the keyboard walks, folds and crosses over"(page) {
+  async "the keyboard moves, folds and changes sides"(page) {
     await page.setContent(faces);
     await page.locator("#fields .line").first().focus();
     assert.equal(await lit(page), "08 02");
@@ -61,7 +61,7 @@ await run({
     assert.equal(await litLine(page), "field_1");
   },
 
-  async "a search keeps what fits and what it stands in"(page) {
+  async "a search shows the matches and the messages that contain them"(page) {
     await page.setContent(faces);
     await page.keyboard.press("/");
     await page.keyboard.type("0.3125");
@@ -74,7 +74,7 @@ await run({
     assert.equal(await page.locator("#fields .line:visible").count(), count);
   },
 
-  async "all stands there without scripts, and links both ways"(page) {
+  async "without JavaScript everything is shown, and links lead both ways"(page) {
     const plain = await page.context().browser().newPage({
       javaScriptEnabled: false,
     });

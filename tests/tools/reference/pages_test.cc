@@ -1,4 +1,4 @@
-// The pages of the schema reference, held against the schema files.
+// The pages of the schema reference agree with the schema files.
 
 #include <google/protobuf/compiler/importer.h>
 #include <google/protobuf/descriptor.h>
@@ -97,7 +97,7 @@ void AddMessage(const Descriptor* message, const std::string& scope,
   }
 }
 
-TEST(Pages, EveryDeclarationHasOnePlace) {
+TEST(Pages, EveryDeclarationHasOneAnchor) {
   const Schema schema;
   for (const FileDescriptor* unit : schema.units()) {
     const std::string stem = fs::path(unit->name()).stem().string();
@@ -130,7 +130,7 @@ TEST(Pages, EveryLinkLeadsToAnAnchorOfAPage) {
   }
 }
 
-TEST(Pages, StandAlone) {
+TEST(Pages, NeedNoOtherFile) {
   for (const auto& [name, page] : Pages()) {
     EXPECT_EQ(page.text.find("src="), std::string::npos) << name;
     EXPECT_EQ(page.text.find("url("), std::string::npos) << name;
@@ -152,13 +152,14 @@ std::string Line(const std::string& page, const std::string& anchor) {
       " ");
 }
 
-TEST(Pages, FieldsStandWithNumberKindAndTag) {
-  EXPECT_EQ(Line("zABC_debug.html", "DebugExif.debug_data_frame_list"),
-            "3 debug_data_frame_list repeated DebugDataFrame 1a length ");
+TEST(Pages, FieldsHaveNumberTypeAndTag) {
+  EXPECT_EQ(
+      Line("zABC_debug.html", "DebugExif.debug_data_frame_list"),
+      "3 debug_data_frame_list repeated DebugDataFrame 1a length-delimited ");
   EXPECT_EQ(Line("zHAWB_debug.html", "ZHawbDebugStatistics.field_8"),
-            "8 field_8 repeated uint32 packed 42 length ");
+            "8 field_8 repeated uint32 packed 42 length-delimited ");
   EXPECT_EQ(Line("zHAWB_debug.html", "ZHawbDebugAmbientData.field_2"),
-            "2 field_2 float 15 32 bits ");
+            "2 field_2 float 15 fixed32 ");
   // From the sixteenth on a tag takes two bytes.
   EXPECT_EQ(Line("zAF_debug.html", "ZAfFrameInput.field_25").substr(0, 30),
             "25 field_25 sint32 c8 01 varin");
@@ -174,8 +175,7 @@ TEST(Pages, RootsAreWhatNoOtherCarries) {
   const size_t root =
       focus.text.find(R"(<section class="type" id="DebugExif">)");
   ASSERT_NE(root, std::string::npos);
-  EXPECT_NE(focus.text.find("106 types, 9 records deep", root),
-            std::string::npos);
+  EXPECT_NE(focus.text.find("106 types, 9 levels", root), std::string::npos);
 }
 
 }  // namespace

@@ -1,0 +1,79 @@
+// What commands share: common options, reading input, and reporting.
+
+#ifndef VANTIRO_TOOLS_IO_COMMAND_IO_H_
+#define VANTIRO_TOOLS_IO_COMMAND_IO_H_
+
+#include <CLI/CLI.hpp>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "tools/formats/style.h"
+#include "tools/schema/schema.h"
+#include "tools/wire/fault.h"
+
+namespace vantiro {
+namespace tools {
+
+// The program was used wrongly, or a file cannot be read or written. Ends the
+// program with kWrongUse.
+class UsageError : public std::runtime_error {
+ public:
+  using runtime_error::runtime_error;
+};
+
+enum ExitStatus { kSuccess = 0, kFound = 1, kWrongUse = 2 };
+
+class CommandIo {
+ public:
+  // Adds the required argument for one input file; `what` describes it.
+  static void AddFile(CLI::App* command, const char* what, std::string* file);
+  // The same for several files with records.
+  static void AddFiles(CLI::App* command, std::vector<std::string>* files);
+  // Adds --type.
+  static CLI::Option* AddType(CLI::App* command, const char* what,
+                              std::string* type);
+  // Adds --color and --quiet.
+  void AddOutputOptions(CLI::App* command);
+  // Adds --hex, --color and --quiet.
+  void AddInputOptions(CLI::App* command);
+
+  // The bytes of a file, or of standard input for "-"; decoded if --hex was
+  // given. Throws a UsageError.
+  std::string ReadBytes(const std::string& file) const;
+  // The same without decoding.
+  static std::string ReadFile(const std::string& file);
+  // Throws a UsageError.
+  static void WriteFile(const std::string& file, std::string_view bytes);
+
+  // The type of that name. If `name` is empty: the most likely root for
+  // `bytes`. Throws a UsageError if no root is likely.
+  const Descriptor& TypeOf(const std::string& name,
+                           const std::string& bytes) const;
+
+  // Writes to standard error which type was identified for `file`, unless
+  // `name` gave it.
+  void ReportType(const std::string& file, const std::string& name,
+                  const Descriptor& type) const;
+  // Writes the fault of `file`, if there is one, to standard error; the program
+  // then ends with kFound.
+  void ReportFault(const std::string& file, const std::optional<Fault>& fault);
+  // Sets the exit status, unless it is higher already.
+  void RaiseStatus(ExitStatus status);
+
+  Style style() const;
+  bool quiet() const { return quiet_; }
+  ExitStatus status() const { return status_; }
+
+ private:
+  bool hex_ = false;
+  bool quiet_ = false;
+  std::string color_ = "auto";
+  ExitStatus status_ = kSuccess;
+};
+
+}  // namespace tools
+}  // namespace vantiro
+
+#endif  // VANTIRO_TOOLS_IO_COMMAND_IO_H_

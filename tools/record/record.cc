@@ -1,0 +1,100 @@
+#include "tools/record/record.h"
+
+#include <string_view>
+
+#include "tools/wire/scalar.h"
+
+namespace vantiro {
+namespace tools {
+namespace {
+
+using google::protobuf::UnknownFieldSet;
+using google::protobuf::internal::WireFormatLite;
+
+void AddUnknown(const Node& node, std::string_view bytes,
+                UnknownFieldSet* unknown) {
+  switch (node.wire_type) {
+    case WireFormatLite::WIRETYPE_VARINT:
+      unknown->AddVarint(node.number, node.elements[0].bits);
+      break;
+    case WireFormatLite::WIRETYPE_FIXED64:
+      unknown->AddFixed64(node.number, node.elements[0].bits);
+      break;
+    case WireFormatLite::WIRETYPE_FIXED32:
+      unknown->AddFixed32(node.number,
+                          static_cast<uint32_t>(node.elements[0].bits));
+      break;
+    case WireFormatLite::WIRETYPE_START_GROUP: {
+      UnknownFieldSet* const group = unknown->AddGroup(node.number);
+      for (const Node& child : node.children) AddUnknown(child, bytes, group);
+      break;
+    }
+    default:
+      unknown->AddLengthDelimited(
+          node.number,
+          std::string(bytes.substr(node.value.offset, node.value.size)));
+  }
+}
+
+void MergeNodes(const std::vector<Node>& nodes, std::string_view bytes,
+                Record* record) {
+  for (const Node& node : nodes) {
+    if (node.field == nullptr) {
+      AddUnknown(node, bytes, &record->unknown);
+      continue;
+    }
+    const FieldDescriptor& field = *node.field;
+    FieldValue* const value = record->Mutable(field);
+    if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
+      if (field.is_repeated() || value->messages.empty()) {
+        value->messages.emplace_back(*field.message_type());
+      }
+      MergeNodes(node.children, bytes, &value->messages.back());
+    } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_STRING) {
+      value->string_value = bytes.substr(node.value.offset, node.value.size);
+    } else {
+      if (!field.is_repeated()) value->scalars.clear();
+      for (const Element& element : node.elements) {
+        value->scalars.push_back(element.bits);
+      }
+    }
+  }
+}
+
+bool IsDefault(const FieldValue& value) {
+  return value.messages.empty() && value.string_value.empty() &&
+         (value.scalars.empty() ||
+          (!value.field->is_repeated() && value.scalars[0] == 0));
+}
+
+}  // namespace
+
+Record MakeRecord(const RecordTree& tree) {
+  Record record(*tree.type);
+  MergeNodes(tree.nodes, tree.bytes, &record);
+  return record;
+}
+
+void RemoveDefaults(Record* record) {
+  for (auto entry = record->fields.begin(); entry != record->fields.end();) {
+    for (Record& message : entry->second.messages) RemoveDefaults(&message);
+    entry = IsDefault(entry->second) ? record->fields.erase(entry) : ++entry;
+  }
+}
+
+void AddDefaults(Record* record) {
+  for (int i = 0; i < record->type->field_count(); ++i) {
+    const FieldDescriptor& field = *record->type->field(i);
+    if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) continue;
+    FieldValue* const value = record->Mutable(field);
+    if (IsScalar(field) && !field.is_repeated() && value->scalars.empty()) {
+      value->scalars.push_back(0);
+    }
+  }
+  for (auto& entry : record->fields) {
+    for (Record& message : entry.second.messages) AddDefaults(&message);
+  }
+}
+
+}  // namespace tools
+}  // namespace vantiro

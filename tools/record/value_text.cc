@@ -1,0 +1,144 @@
+#include "tools/record/value_text.h"
+
+#include <google/protobuf/stubs/strutil.h>
+
+#include <charconv>
+
+#include "tools/wire/hex.h"
+#include "tools/wire/scalar.h"
+
+namespace vantiro {
+namespace tools {
+namespace {
+
+constexpr uint32_t kUsualNan = 0x7fc00000;
+
+std::string FloatText(uint64_t bits) {
+  if (IsNan(bits)) {
+    return bits == kUsualNan ? "nan" : "nan(" + FixedHex(bits, 8) + ')';
+  }
+  char text[32];
+  const auto end = std::to_chars(text, text + sizeof(text), ToFloat(bits)).ptr;
+  return {text, end};
+}
+
+// False unless all of `text` is a number. `base` is for integers alone.
+template <typename T, typename... Base>
+bool ParseNumber(std::string_view text, T* value, Base... base) {
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, *value, base...);
+  return result.ec == std::errc() && result.ptr == end;
+}
+
+bool ParseFloat(std::string_view text, uint64_t* bits) {
+  constexpr std::string_view kNanBits = "nan(0x";
+  if (text.substr(0, kNanBits.size()) == kNanBits && text.back() == ')') {
+    text.remove_prefix(kNanBits.size());
+    text.remove_suffix(1);
+    uint32_t value;
+    if (text.size() != 8 || !ParseNumber(text, &value, 16)) return false;
+    *bits = value;
+    return IsNan(value);
+  }
+  if (text == "nan") {
+    *bits = kUsualNan;
+    return true;
+  }
+  float value;
+  if (!ParseNumber(text, &value)) return false;
+  *bits = FromFloat(value);
+  return !IsNan(*bits);
+}
+
+template <typename T>
+bool ParseInteger(std::string_view text, uint64_t* bits) {
+  T value;
+  if (!ParseNumber(text, &value)) return false;
+  *bits = sizeof(T) == 4 ? static_cast<uint32_t>(value)
+                         : static_cast<uint64_t>(value);
+  return true;
+}
+
+}  // namespace
+
+std::string ScalarText(const FieldDescriptor& field, uint64_t bits) {
+  switch (field.cpp_type()) {
+    case FieldDescriptor::CPPTYPE_FLOAT:
+      return FloatText(bits);
+    case FieldDescriptor::CPPTYPE_BOOL:
+      return bits != 0 ? "true" : "false";
+    case FieldDescriptor::CPPTYPE_INT32:
+      return std::to_string(static_cast<int32_t>(bits));
+    case FieldDescriptor::CPPTYPE_INT64:
+      return std::to_string(static_cast<int64_t>(bits));
+    case FieldDescriptor::CPPTYPE_ENUM: {
+      const EnumValueDescriptor* const value = DeclaredValue(field, bits);
+      return value == nullptr ? std::to_string(static_cast<int32_t>(bits))
+                              : value->name();
+    }
+    default:
+      return std::to_string(bits);
+  }
+}
+
+bool ParseScalar(const FieldDescriptor& field, std::string_view text,
+                 uint64_t* bits) {
+  switch (field.cpp_type()) {
+    case FieldDescriptor::CPPTYPE_FLOAT:
+      return ParseFloat(text, bits);
+    case FieldDescriptor::CPPTYPE_BOOL:
+      *bits = text == "true" ? 1 : 0;
+      return text == "true" || text == "false";
+    case FieldDescriptor::CPPTYPE_UINT32:
+      return ParseInteger<uint32_t>(text, bits);
+    case FieldDescriptor::CPPTYPE_INT64:
+      return ParseInteger<int64_t>(text, bits);
+    case FieldDescriptor::CPPTYPE_UINT64:
+      return ParseInteger<uint64_t>(text, bits);
+    case FieldDescriptor::CPPTYPE_ENUM:
+      if (const EnumValueDescriptor* const value =
+              field.enum_type()->FindValueByName(std::string(text))) {
+        *bits = static_cast<uint32_t>(value->number());
+        return true;
+      }
+      return ParseInteger<int32_t>(text, bits);
+    default:
+      return ParseInteger<int32_t>(text, bits);
+  }
+}
+
+std::string ValueText(const FieldValue& value) {
+  const FieldDescriptor& field = *value.field;
+  if (field.type() == FieldDescriptor::TYPE_STRING) {
+    return Quoted(value.string_value);
+  }
+  if (field.type() == FieldDescriptor::TYPE_BYTES) {
+    return QuotedHex(value.string_value);
+  }
+  if (!field.is_repeated()) return ScalarText(field, value.scalars[0]);
+  std::string text = "[";
+  for (const uint64_t bits : value.scalars) {
+    if (text.size() > 1) text += ", ";
+    text += ScalarText(field, bits);
+  }
+  return text + ']';
+}
+
+std::string Quoted(std::string_view text) {
+  // CEscape also escapes the bytes above 0x7f, which keeps a string printable
+  // that is not UTF-8.
+  const std::string copy(text);
+  return '"' +
+         (IsUtf8(text) ? google::protobuf::strings::Utf8SafeCEscape(copy)
+                       : google::protobuf::CEscape(copy)) +
+         '"';
+}
+
+std::string QuotedHex(std::string_view bytes) {
+  std::string text = "\"";
+  for (const char c : bytes) text += "\\x" + Hex({&c, 1});
+  return text + '"';
+}
+
+}  // namespace tools
+}  // namespace vantiro

@@ -1,0 +1,50 @@
+// The scalar values of fields: kinds, bits and varints.
+//
+// The bits of a value are what the field holds, before any encoding: 32 bits
+// for a float and the 32-bit kinds, sign included.
+
+#ifndef VANTIRO_TOOLS_WIRE_SCALAR_H_
+#define VANTIRO_TOOLS_WIRE_SCALAR_H_
+
+#include <google/protobuf/wire_format_lite.h>
+
+#include <cstdint>
+#include <string_view>
+
+#include "tools/schema/schema.h"
+
+namespace vantiro {
+namespace tools {
+
+using WireType = google::protobuf::internal::WireFormatLite::WireType;
+
+// Whether the class reads a value of that wire type into the field.
+bool AcceptsWireType(const FieldDescriptor& field, WireType type);
+
+// The bits that a field holds after reading a varint; not for a float.
+uint64_t FromVarint(const FieldDescriptor& field, uint64_t varint);
+// The varint that the library writes for these bits.
+uint64_t ToVarint(const FieldDescriptor& field, uint64_t bits);
+
+// Whether a singular field of these bits is not written: 0 or -0.0.
+bool IsZero(const FieldDescriptor& field, uint64_t bits);
+
+bool IsFloat(const FieldDescriptor& field);
+// Neither a string, nor bytes, nor a message.
+bool IsScalar(const FieldDescriptor& field);
+
+// These take and return the bits of a float.
+bool IsNan(uint64_t bits);
+float ToFloat(uint64_t bits);
+uint64_t FromFloat(float value);
+
+// The declared value of an enum field's bits; null if there is none.
+const EnumValueDescriptor* DeclaredValue(const FieldDescriptor& field,
+                                         uint64_t bits);
+
+bool IsUtf8(std::string_view text);
+
+}  // namespace tools
+}  // namespace vantiro
+
+#endif  // VANTIRO_TOOLS_WIRE_SCALAR_H_
