@@ -1,4 +1,4 @@
-#include "examples/record_file.h"
+#include "examples/demo/record_file.h"
 
 #include <fstream>
 #include <iterator>

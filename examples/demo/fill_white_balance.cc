@@ -1,6 +1,4 @@
-#include "examples/white_balance_record.h"
-
-#include <sstream>
+#include "examples/demo/fill.h"
 
 namespace vantiro::examples {
 namespace {
@@ -57,34 +55,10 @@ void FillDecision(zhawb::ZHawbDebugData* data) {
 
 }  // namespace
 
-void FillWhiteBalance(zhawb::DebugExif* record) {
+void Fill(zhawb::DebugExif* record) {
   record->set_field_1(144);
   FillInputs(record->mutable_debug_input());
   FillDecision(record->mutable_debug_data());
-}
-
-std::string DescribeWhiteBalance(const zhawb::DebugExif& record) {
-  const zhawb::ZHawbDebugCameraInformation& camera =
-      record.debug_input().camera_information();
-  const zhawb::ZHawbDebugOutput& output =
-      record.debug_data().output_information();
-  std::ostringstream text;
-  text << "frame "
-       << record.debug_input().input_information().frame_information().field_1()
-       << ", camera \"" << camera.sensor_name()
-       << "\", regions: " << record.debug_data().debug_region_list_size()
-       << "\n"
-       << zhawb::ZHawbState_Name(output.field_4()) << ", "
-       << zhawb::ZHawbIlluminantType_Name(output.field_7());
-  // Only a sub-message can tell that it was never set.
-  if (output.has_decision_gain()) {
-    const zhawb::ZHawbGains& gains = output.decision_gain();
-    text << ", gains " << gains.field_1() << " " << gains.field_2() << " "
-         << gains.field_3();
-  } else {
-    text << ", no gains decided";
-  }
-  return text.str();
 }
 
 }  // namespace vantiro::examples

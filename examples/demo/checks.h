@@ -1,7 +1,7 @@
 // What the demo checks while it shows it.
 
-#ifndef VANTIRO_EXAMPLES_CHECKS_H_
-#define VANTIRO_EXAMPLES_CHECKS_H_
+#ifndef VANTIRO_EXAMPLES_DEMO_CHECKS_H_
+#define VANTIRO_EXAMPLES_DEMO_CHECKS_H_
 
 #include <iostream>
 #include <string>
@@ -24,4 +24,4 @@ class Checks {
 
 }  // namespace vantiro::examples
 
-#endif  // VANTIRO_EXAMPLES_CHECKS_H_
+#endif  // VANTIRO_EXAMPLES_DEMO_CHECKS_H_

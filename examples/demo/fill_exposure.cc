@@ -1,6 +1,4 @@
-#include "examples/exposure_record.h"
-
-#include <sstream>
+#include "examples/demo/fill.h"
 
 namespace vantiro::examples {
 namespace {
@@ -57,7 +55,7 @@ void FillOutputs(zabc::AlgorithmOutputs* outputs) {
 
 }  // namespace
 
-void FillExposure(zabc::DebugExif* record) {
+void Fill(zabc::DebugExif* record) {
   record->set_field_1(4711);
   zabc::DebugDataFrame* frame = record->mutable_debug_frame();
   FillInputs(frame->mutable_input_output_debug_data()->mutable_algo_input());
@@ -66,23 +64,6 @@ void FillExposure(zabc::DebugExif* record) {
   frame->mutable_sa_debug_data()->set_field_14(true);
   // This stage tells only that it ran.
   frame->mutable_flicker_debug_data();
-}
-
-std::string DescribeExposure(const zabc::DebugExif& record) {
-  // Absent messages read as empty ones, so no step of a path needs a test.
-  const zabc::DebugDataInputOutput& frame =
-      record.debug_frame().input_output_debug_data();
-  const zabc::AlgorithmInputs& inputs = frame.algo_input();
-  const zabc::ExposureResult& result = frame.algo_output().exposure_result();
-  std::ostringstream text;
-  text << zabc::OperationModeType_Name(inputs.field_3()) << ", camera \""
-       << inputs.camera_info().sensor_name()
-       << "\", faces: " << inputs.face_roi().region_dimension_list_size()
-       << ", further frames: " << record.debug_data_frame_list_size() << "\n"
-       << "exposure result " << result.field_1() << ", " << result.field_2()
-       << ", " << result.field_3() << "; length of the algorithm's list: "
-       << frame.algo_output().algo_result().field_17_size();
-  return text.str();
 }
 
 }  // namespace vantiro::examples

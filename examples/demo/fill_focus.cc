@@ -1,6 +1,4 @@
-#include "examples/focus_record.h"
-
-#include <sstream>
+#include "examples/demo/fill.h"
 
 namespace vantiro::examples {
 namespace {
@@ -22,7 +20,7 @@ void FillInput(zaf::ZAfDebugInput* input) {
   input->set_field_9(zaf::PREVIEW);
   input->mutable_lens_range()->set_field_1(-40);
   input->mutable_lens_range()->set_field_2(1023);
-  // Gravity along three axes: a list of numbers is packed into one block.
+  // Gravity along three axes. A repeated field of numbers is packed.
   for (const float axis : {0.02f, -9.79f, 0.41f}) {
     input->mutable_stats_gravity()->add_field_2(axis);
   }
@@ -49,7 +47,7 @@ void FillFrameInput(zaf::ZAfFrameInput* input) {
 
 }  // namespace
 
-void FillFocus(zaf::DebugExif* record) {
+void Fill(zaf::DebugExif* record) {
   record->set_field_1(4711);
   record->set_field_3(zaf::POSITION_REAR);
   record->set_field_4(zaf::LENS_WIDE);
@@ -63,22 +61,6 @@ void FillFocus(zaf::DebugExif* record) {
   record->mutable_debug_snapshot()->mutable_core()->set_field_3(
       zaf::FOCUS_SCAN_STATE_FINESCAN);
   FillFrameInput(record->add_frame_input_list());
-}
-
-std::string DescribeFocus(const zaf::DebugExif& record) {
-  const zaf::ZAfDebugSession& session = record.debug_session();
-  std::ostringstream text;
-  text << zaf::CameraPosition_Name(record.field_3()) << ", "
-       << zaf::LensType_Name(record.field_4()) << ", "
-       << "frame inputs: " << record.frame_input_list_size()
-       << ", history entries: " << record.debug_history_entry_list_size()
-       << "\n"
-       << "lens range " << session.input().lens_range().field_1() << " to "
-       << session.input().lens_range().field_2() << ", search range "
-       << session.search_info().pd_search_range().field_1() << " to "
-       << session.search_info().pd_search_range().field_2() << " by "
-       << zaf::SearchletMainAlgo_Name(session.search_info().field_24());
-  return text.str();
 }
 
 }  // namespace vantiro::examples

@@ -1,8 +1,7 @@
 // usage: demo [FOLDER]
 //
-// Shows what the library does, and checks it: exits with 1 if anything does not
-// come back the same. The records that it writes are kept if a folder for them
-// is given.
+// Shows what the library does, and checks it: exits with 1 if a check fails.
+// The records that it writes are kept if a folder for them is given.
 
 #include <cstdlib>
 #include <filesystem>
@@ -10,20 +9,19 @@
 #include <string>
 #include <system_error>
 
-#include "examples/checks.h"
-#include "examples/debug_records.h"
-#include "examples/first_steps.h"
-#include "examples/shared_records.h"
+#include "examples/demo/checks.h"
+#include "examples/demo/first_steps.h"
+#include "examples/demo/records.h"
 
 namespace {
 
 int Show(const std::string& folder) {
   vantiro::examples::Checks checks;
   vantiro::examples::ShowFirstSteps(&checks);
-  vantiro::examples::ShowSharedRecords(&checks);
-  vantiro::examples::ShowDebugRecords(folder, &checks);
-  std::cout << (checks.all_hold() ? "\nAll came back the same.\n"
-                                  : "\nNot all came back the same.\n");
+  vantiro::examples::ShowReferenceRecords(&checks);
+  vantiro::examples::ShowOwnRecords(folder, &checks);
+  std::cout << (checks.all_hold() ? "\nAll checks hold.\n"
+                                  : "\nNot all checks hold.\n");
   return checks.all_hold() ? 0 : 1;
 }
 
@@ -45,7 +43,11 @@ int ShowInFolder(const std::string& folder) {
     std::cerr << "demo: " << folder << ": " << error.message() << "\n";
     return 2;
   }
-  return Show(folder);
+  const int status = Show(folder);
+  std::cout << "To see a record byte by byte:\n  ./run build\n"
+            << "  build/tools/vantiro-records annotate " << folder
+            << "/z3a_debug_data.zabc.DebugExif.bin\n";
+  return status;
 }
 
 }  // namespace

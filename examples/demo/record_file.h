@@ -1,7 +1,7 @@
 // Records as files: the bytes of one record and nothing else.
 
-#ifndef VANTIRO_EXAMPLES_RECORD_FILE_H_
-#define VANTIRO_EXAMPLES_RECORD_FILE_H_
+#ifndef VANTIRO_EXAMPLES_DEMO_RECORD_FILE_H_
+#define VANTIRO_EXAMPLES_DEMO_RECORD_FILE_H_
 
 #include <string>
 
@@ -19,4 +19,4 @@ bool ReadFile(const std::string& path, std::string* bytes);
 
 }  // namespace vantiro::examples
 
-#endif  // VANTIRO_EXAMPLES_RECORD_FILE_H_
+#endif  // VANTIRO_EXAMPLES_DEMO_RECORD_FILE_H_
