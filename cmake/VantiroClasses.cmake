@@ -15,6 +15,13 @@ if(NOT Protobuf_VERSION MATCHES "${VANTIRO_RUNTIME_PATTERN}")
     "Debian 12, './run setup' installs 3.21.")
 endif()
 
+# The library has no type information. The headers of 3.9 ask for that of the
+# classes, in programs too, unless they are told not to.
+set(VANTIRO_RUNTIME_DEFINITIONS "")
+if(VANTIRO_RUNTIME STREQUAL "3.9")
+  set(VANTIRO_RUNTIME_DEFINITIONS GOOGLE_PROTOBUF_NO_RTTI)
+endif()
+
 set(VANTIRO_CLASSES "${default_classes}" CACHE STRING
     "Who emits the classes: plugin, or protoc by itself")
 set_property(CACHE VANTIRO_CLASSES PROPERTY STRINGS plugin protoc)

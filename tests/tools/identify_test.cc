@@ -72,12 +72,13 @@ class RandomFiller {
     return std::uniform_int_distribution<int>(0, below - 1)(random_);
   }
 
-  template <typename T>
-  void Put(void (Reflection::*set)(Message*, const FieldDescriptor*, T) const,
-           void (Reflection::*add)(Message*, const FieldDescriptor*, T) const,
-           T value, const FieldDescriptor& field, Message* message) {
+  // Not every runtime takes strings in the same way.
+  template <typename P, typename T>
+  void Put(void (Reflection::*set)(Message*, const FieldDescriptor*, P) const,
+           void (Reflection::*add)(Message*, const FieldDescriptor*, P) const,
+           const T& value, const FieldDescriptor& field, Message* message) {
     const auto put = field.is_repeated() ? add : set;
-    (message->GetReflection()->*put)(message, &field, std::move(value));
+    (message->GetReflection()->*put)(message, &field, value);
   }
 
   void Set(const FieldDescriptor& field, Message* message) {
