@@ -193,6 +193,7 @@ std::string FileGenerator::Source() const {
 
       #include <new>
 
+      #include "internal/encoded_size.h"
       #include "internal/enum_names.h"
       #include "internal/parse_entry_points.h"
       #include "internal/read_singular.h"
@@ -200,6 +201,8 @@ std::string FileGenerator::Source() const {
       #include "internal/scc_info.h"
       #include "internal/tag.h"
       #include "internal/unexpected_tag.h"
+      #include "internal/write_field.h"
+      #include "internal/write_scalar.h"
       #include "internal/writer.h"
 
       namespace internal = ::vantiro::internal;

@@ -56,10 +56,18 @@ class MessageGenerator {
   std::string DefaultInstanceOperations() const;
   std::string ClearAndMerge() const;
   std::string Serialization() const;
+  std::string SizeFields() const;
   std::string SerializeFields() const;
+  // The fields of a message that has one run of small fields and no others.
+  std::string SerializeOneRun(const std::string& run, int size) const;
+  // The floats with consecutive field numbers from the field at `begin` on.
+  std::vector<const FieldGenerator*> FloatRun(size_t begin) const;
   std::string Parsing() const;
   std::string TypeInformation() const;
 
+  // The scalars in the order in which they are members, those of one kind
+  // together.
+  std::vector<std::vector<const FieldGenerator*>> ScalarGroups() const;
   // The message types of the fields, each once, in the order of their names.
   std::vector<const google::protobuf::Descriptor*> Dependencies() const;
   bool NeedsSccInfoCheck() const;

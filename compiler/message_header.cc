@@ -68,8 +68,8 @@ std::string MessageGenerator::ArenaDeclarations() const {
 }
 
 // Members are ordered so that little padding is needed: repeated fields,
-// strings and sub-messages first, then the scalars by falling width, floats
-// before integers.
+// strings and sub-messages first, then the scalars by falling width. Scalars of
+// one kind are side by side, so that operations can take several at once.
 std::string MessageGenerator::Members() const {
   const auto is_scalar = [](const auto& field) {
     return field->scalar_width() > 0;
@@ -84,19 +84,9 @@ std::string MessageGenerator::Members() const {
 std::string MessageGenerator::Scalars() const {
   if (!HasScalars()) return "";
   std::string scalars;
-  const auto add = [&](int width, bool is_float) {
-    for (const auto& field : fields_) {
-      if (field->scalar_width() == width &&
-          is_float ==
-              (field->descriptor()->type() == FieldDescriptor::TYPE_FLOAT)) {
-        scalars += field->Member();
-      }
-    }
-  };
-  add(8, false);
-  add(4, true);
-  add(4, false);
-  add(1, false);
+  for (const auto& group : ScalarGroups()) {
+    for (const FieldGenerator* field : group) scalars += field->Member();
+  }
   return Substitute({{"scalars", scalars}}, R"(
       // Cleared, copied and swapped as one.
       struct Scalars {

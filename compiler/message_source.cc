@@ -6,14 +6,6 @@
 namespace vantiro {
 namespace compiler {
 
-namespace {
-
-// The most bytes that fields written together may take. The emitted code
-// asserts that the library's writer has so much space.
-constexpr int kMaxSpace = 128;
-
-}  // namespace
-
 std::string MessageGenerator::Operations() const {
   return "// " + message_->full_name() + "\n\n" +
          ForFields(&FieldGenerator::NonInlineAccessorDefinitions) + "\n" +
@@ -163,65 +155,6 @@ std::string MessageGenerator::ClearAndMerge() const {
         _internal_metadata_.Swap<::std::string>(&other->_internal_metadata_);
         $swap$
         $swap_scalars$
-      }
-  )");
-}
-
-// Singular scalars with consecutive field numbers share one space check.
-std::string MessageGenerator::SerializeFields() const {
-  std::string result;
-  std::string run;
-  int run_size = 0;
-  const auto end_run = [&] {
-    if (!run.empty()) {
-      result += "p = writer->EnsureSpace<" + std::to_string(run_size) +
-                ">(p);\n" + run;
-    }
-    run.clear();
-    run_size = 0;
-  };
-  for (const auto& field : fields_) {
-    const int size = field->max_encoded_size();
-    if (size == 0 || run_size + size > kMaxSpace) end_run();
-    (size == 0 ? result : run) += field->Serialize();
-    run_size += size;
-  }
-  end_run();
-  return result;
-}
-
-std::string MessageGenerator::Serialization() const {
-  return Substitute(
-      Combine(variables_, {{"byte_size", ForFields(&FieldGenerator::ByteSize)},
-                           {"serialize", SerializeFields()}}),
-      R"(
-      size_t $Class$::ByteSizeLong() const {
-        size_t size = internal::UnknownFieldsSize(_internal_metadata_);
-        $byte_size$
-        SetCachedSize(static_cast<int>(size));
-        return size;
-      }
-
-      ::uint8_t* $Class$::_InternalSerializeFlat(::uint8_t* p,
-                                                 internal::Writer* writer) const {
-        $serialize$
-        return internal::WriteUnknownFields(p, _internal_metadata_, writer);
-      }
-
-      ::uint8_t* $Class$::_InternalSerialize(
-          ::uint8_t* target,
-          ::google::protobuf::io::EpsCopyOutputStream* stream) const {
-        internal::Writer writer(target, stream, GetCachedSize(),
-                             internal::Writer::Overflow::kDrop);
-        return writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer));
-      }
-
-      void $Class$::SerializeWithCachedSizes(
-          ::google::protobuf::io::CodedOutputStream* output) const {
-        internal::Writer writer(output->Cur(), output->EpsCopy(), GetCachedSize(),
-                             internal::Writer::Overflow::kWrite);
-        output->SetCur(
-            writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer)));
       }
   )");
 }

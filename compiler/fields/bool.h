@@ -17,11 +17,12 @@ class BoolFieldGenerator : public ScalarFieldGenerator {
 
   std::string Parse() const override;
   int scalar_width() const override { return 1; }
+  std::string size_kind() const override { return "Bool"; }
   int max_encoded_size() const override { return tag_size() + 1; }
 
  protected:
   std::string ValueSize() const override { return "1"; }
-  std::string WriteValue() const override { return "internal::WriteTrue(p)"; }
+  std::string WriteFunction() const override { return "WriteBoolField"; }
 };
 
 }  // namespace compiler

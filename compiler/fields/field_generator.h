@@ -24,6 +24,9 @@ class FieldGenerator {
   FieldGenerator& operator=(const FieldGenerator&) = delete;
 
   const google::protobuf::FieldDescriptor* descriptor() const { return field_; }
+  const std::string& name() const { return variables_.at("name"); }
+  const std::string& tag_value() const { return variables_.at("tag_value"); }
+  int tag_size() const { return variables_.at("tag_size") == "1" ? 1 : 2; }
 
   // The header: members, accessors in the class, accessors behind it.
   //
@@ -58,6 +61,9 @@ class FieldGenerator {
 
   // The width of a scalar in memory, 0 for every other kind.
   virtual int scalar_width() const { return 0; }
+  // The type of lib/internal that takes the encoded sizes of several scalars of
+  // this kind at once; empty for kinds whose sizes are taken one by one.
+  virtual std::string size_kind() const { return ""; }
   // The most bytes that a scalar takes, tag included; 0 if the field asks for
   // space itself.
   virtual int max_encoded_size() const { return 0; }

@@ -3,10 +3,6 @@
 namespace vantiro {
 namespace compiler {
 
-std::string FloatFieldGenerator::WriteValue() const {
-  return "internal::WriteFloat(p, scalars_." + descriptor()->name() + ")";
-}
-
 std::string FloatFieldGenerator::Parse() const {
   return ParseWhenTag("internal::ReadFloat(p + " + variables().at("tag_size") +
                       ", end, &self->scalars_." + descriptor()->name() + ")");

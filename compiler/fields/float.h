@@ -19,6 +19,7 @@ class FloatFieldGenerator : public ScalarFieldGenerator {
 
   std::string Parse() const override;
   int scalar_width() const override { return 4; }
+  std::string size_kind() const override { return "Float"; }
   int max_encoded_size() const override { return tag_size() + 4; }
 
  protected:
@@ -26,7 +27,7 @@ class FloatFieldGenerator : public ScalarFieldGenerator {
     return "internal::IsNonZero(" + value + ")";
   }
   std::string ValueSize() const override { return "4"; }
-  std::string WriteValue() const override;
+  std::string WriteFunction() const override { return "WriteFloatField"; }
 };
 
 }  // namespace compiler

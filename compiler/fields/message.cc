@@ -187,7 +187,7 @@ std::string MessageFieldGenerator::Swap() const {
 std::string MessageFieldGenerator::ByteSize() const {
   return Substitute(variables(), R"(
       if (has_$name$()) {
-        size += $tag_size$ + WireFormatLite::LengthDelimitedSize($name$_->ByteSizeLong());
+        size += $tag_size$ + internal::WithLength($name$_->ByteSizeLong());
       }
   )");
 }

@@ -88,7 +88,7 @@ std::string RepeatedMessageFieldGenerator::ByteSize() const {
   return Substitute(variables(), R"(
       size += $tag_size$ * static_cast<size_t>($name$_.size());
       for (const $Sub$& element : $name$_) {
-        size += WireFormatLite::LengthDelimitedSize(element.ByteSizeLong());
+        size += internal::WithLength(element.ByteSizeLong());
       }
   )");
 }

@@ -86,10 +86,9 @@ std::string RepeatedScalarFieldGenerator::ByteSize() const {
       {
         const size_t payload_size = $payload_size$;
         if (payload_size > 0) {
-          size += $tag_size$ + WireFormatLite::Int32Size(static_cast<int>(payload_size));
+          size += $tag_size$ + internal::WithLength(payload_size);
         }
         _$name$_cached_byte_size_.Set(static_cast<int>(payload_size));
-        size += payload_size;
       }
   )");
 }

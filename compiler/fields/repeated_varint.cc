@@ -4,13 +4,16 @@ namespace vantiro {
 namespace compiler {
 
 std::string RepeatedVarintFieldGenerator::PayloadSize() const {
-  return std::string("WireFormatLite::") + kind_.name + "Size(" +
-         descriptor()->name() + "_)";
+  const std::string size_kind = kind_.size_kind;
+  return (size_kind.empty()
+              ? std::string("WireFormatLite::") + kind_.name + "Size("
+              : "internal::" + size_kind + "PayloadSize(") +
+         name() + "_)";
 }
 
 std::string RepeatedVarintFieldGenerator::WriteFunction() const {
-  return "internal::WritePackedVarints<" + variables().at("tag_value") + ", " +
-         kind_.stored_type + ", internal::" + kind_.to_varint + ">";
+  return "internal::WritePackedVarints<" + tag_value() +
+         ", internal::" + kind_.name + ">";
 }
 
 std::string RepeatedVarintFieldGenerator::ReadPackedFunction() const {
@@ -21,6 +24,10 @@ std::string RepeatedVarintFieldGenerator::ReadPackedFunction() const {
 std::string RepeatedVarintFieldGenerator::ReadUnpackedFunction() const {
   return std::string("internal::ReadUnpackedVarint<internal::") + kind_.name +
          ">";
+}
+
+std::string RepeatedBoolFieldGenerator::WriteFunction() const {
+  return "internal::WritePackedBools<" + tag_value() + ">";
 }
 
 std::string RepeatedBoolFieldGenerator::PayloadSize() const {

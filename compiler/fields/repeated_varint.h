@@ -34,11 +34,11 @@ class RepeatedBoolFieldGenerator : public RepeatedVarintFieldGenerator {
  public:
   explicit RepeatedBoolFieldGenerator(
       const google::protobuf::FieldDescriptor* field)
-      : RepeatedVarintFieldGenerator(field,
-                                     {"Bool", "bool", 1, "BoolToVarint", 1}) {}
+      : RepeatedVarintFieldGenerator(field, {"Bool", "bool", 1, 1, ""}) {}
 
  protected:
   std::string PayloadSize() const override;
+  std::string WriteFunction() const override;
 };
 
 }  // namespace compiler

@@ -55,20 +55,11 @@ std::string ScalarFieldGenerator::ByteSize() const {
 }
 
 std::string ScalarFieldGenerator::Serialize() const {
-  return Substitute(
-      Combine(variables(),
-              {{"is_non_zero", IsNonZero("scalars_." + descriptor()->name())},
-               {"write_value", WriteValue()}}),
-      R"(
-      if ($is_non_zero$) {
-        p = internal::WriteTag<$tag_value$>(p);
-        p = $write_value$;
-      }
+  return Substitute(Combine(variables(), {{"WriteField", WriteFunction()},
+                                          {"value", ValueToWrite()}}),
+                    R"(
+      p = internal::$WriteField$<$tag_value$>(p, $value$);
   )");
-}
-
-int ScalarFieldGenerator::tag_size() const {
-  return variables().at("tag_size") == "1" ? 1 : 2;
 }
 
 }  // namespace compiler

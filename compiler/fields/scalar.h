@@ -32,11 +32,10 @@ class ScalarFieldGenerator : public FieldGenerator {
   }
   // An expression for the encoded size of the value, without the tag.
   virtual std::string ValueSize() const = 0;
-  // An expression that writes `$value$` at `p` and returns the position after
-  // it.
-  virtual std::string WriteValue() const = 0;
-
-  int tag_size() const;
+  // The function of lib/internal that writes the field unless it is zero, and
+  // the expression of the value that it takes.
+  virtual std::string WriteFunction() const = 0;
+  virtual std::string ValueToWrite() const { return "scalars_." + name(); }
 };
 
 }  // namespace compiler

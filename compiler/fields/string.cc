@@ -138,7 +138,7 @@ std::string StringFieldGenerator::Swap() const {
 std::string StringFieldGenerator::ByteSize() const {
   return Substitute(variables(), R"(
       if (!$name$().empty()) {
-        size += $tag_size$ + WireFormatLite::LengthDelimitedSize($name$().size());
+        size += $tag_size$ + internal::WithLength($name$().size());
       }
   )");
 }

@@ -16,9 +16,9 @@ std::string VarintFieldGenerator::ValueSize() const {
          descriptor()->name() + ")";
 }
 
-std::string VarintFieldGenerator::WriteValue() const {
-  return std::string("internal::WriteVarint(p, internal::") + kind_.to_varint +
-         "(scalars_." + descriptor()->name() + "))";
+std::string VarintFieldGenerator::ValueToWrite() const {
+  return std::string("internal::") + kind_.name + "::ToVarint(" +
+         ScalarFieldGenerator::ValueToWrite() + ")";
 }
 
 std::string VarintFieldGenerator::Parse() const {

@@ -16,22 +16,19 @@ struct VarintKind {
   const char* name;
   const char* stored_type;
   int width;
-  // The function of lib/internal that makes a varint of a value.
-  const char* to_varint;
   int max_value_size;
+  // FieldGenerator::size_kind.
+  const char* size_kind;
 };
 
 // A negative int32 or enum is extended to 64 bits and takes ten bytes.
-inline constexpr VarintKind kUInt32 = {"UInt32", "::uint32_t", 4, "ToVarint",
-                                       5};
-inline constexpr VarintKind kInt32 = {"Int32", "::int32_t", 4, "ToVarint", 10};
-inline constexpr VarintKind kSInt32 = {"SInt32", "::int32_t", 4, "ToZigZag", 5};
-inline constexpr VarintKind kUInt64 = {"UInt64", "::uint64_t", 8, "ToVarint",
-                                       10};
-inline constexpr VarintKind kInt64 = {"Int64", "::int64_t", 8, "ToVarint", 10};
-inline constexpr VarintKind kSInt64 = {"SInt64", "::int64_t", 8, "ToZigZag",
-                                       10};
-inline constexpr VarintKind kEnum = {"Enum", "int", 4, "ToVarint", 10};
+inline constexpr VarintKind kUInt32 = {"UInt32", "::uint32_t", 4, 5, "UInt32"};
+inline constexpr VarintKind kInt32 = {"Int32", "::int32_t", 4, 10, "Int32"};
+inline constexpr VarintKind kSInt32 = {"SInt32", "::int32_t", 4, 5, "SInt32"};
+inline constexpr VarintKind kUInt64 = {"UInt64", "::uint64_t", 8, 10, ""};
+inline constexpr VarintKind kInt64 = {"Int64", "::int64_t", 8, 10, ""};
+inline constexpr VarintKind kSInt64 = {"SInt64", "::int64_t", 8, 10, ""};
+inline constexpr VarintKind kEnum = {"Enum", "int", 4, 10, "Int32"};
 
 // The C++ type of the accessors: the enum itself, or the stored type.
 std::string VarintAccessorType(const google::protobuf::FieldDescriptor* field,
@@ -47,13 +44,15 @@ class VarintFieldGenerator : public ScalarFieldGenerator {
 
   std::string Parse() const override;
   int scalar_width() const override { return kind_.width; }
+  std::string size_kind() const override { return kind_.size_kind; }
   int max_encoded_size() const override {
     return tag_size() + kind_.max_value_size;
   }
 
  protected:
   std::string ValueSize() const override;
-  std::string WriteValue() const override;
+  std::string WriteFunction() const override { return "WriteVarintField"; }
+  std::string ValueToWrite() const override;
 
  private:
   const VarintKind kind_;

@@ -35,17 +35,27 @@ __attribute__((always_inline)) inline Varint ReadVarint(const uint8_t* p,
 }
 
 // The kinds of field that are varints on the wire: how each gets its value from
-// the varint. 32-bit kinds take the low 32 bits and ignore the others.
+// the varint, and which varint it writes, of how many bytes at most. 32-bit
+// kinds take the low 32 bits and ignore the others. A signed result of ToVarint
+// is sign-extended to 64 bits when it is written.
 struct UInt32 {
   using Type = uint32_t;
+  static constexpr int kMaxSize = 5;
+  static uint32_t ToVarint(Type v) { return v; }
   static Type FromVarint(uint64_t v) { return static_cast<uint32_t>(v); }
 };
 struct Int32 {
   using Type = int32_t;
+  static constexpr int kMaxSize = 10;
+  static int32_t ToVarint(Type v) { return v; }
   static Type FromVarint(uint64_t v) { return static_cast<int32_t>(v); }
 };
 struct SInt32 {
   using Type = int32_t;
+  static constexpr int kMaxSize = 5;
+  static uint32_t ToVarint(Type v) {
+    return google::protobuf::internal::WireFormatLite::ZigZagEncode32(v);
+  }
   static Type FromVarint(uint64_t v) {
     return google::protobuf::internal::WireFormatLite::ZigZagDecode32(
         static_cast<uint32_t>(v));
@@ -53,14 +63,22 @@ struct SInt32 {
 };
 struct UInt64 {
   using Type = uint64_t;
+  static constexpr int kMaxSize = 10;
+  static uint64_t ToVarint(Type v) { return v; }
   static Type FromVarint(uint64_t v) { return v; }
 };
 struct Int64 {
   using Type = int64_t;
+  static constexpr int kMaxSize = 10;
+  static uint64_t ToVarint(Type v) { return static_cast<uint64_t>(v); }
   static Type FromVarint(uint64_t v) { return static_cast<int64_t>(v); }
 };
 struct SInt64 {
   using Type = int64_t;
+  static constexpr int kMaxSize = 10;
+  static uint64_t ToVarint(Type v) {
+    return google::protobuf::internal::WireFormatLite::ZigZagEncode64(v);
+  }
   static Type FromVarint(uint64_t v) {
     return google::protobuf::internal::WireFormatLite::ZigZagDecode64(v);
   }
@@ -72,6 +90,8 @@ struct Bool {
 // Enums are open: any number is taken, declared or not.
 struct Enum {
   using Type = int;
+  static constexpr int kMaxSize = 10;
+  static int32_t ToVarint(Type v) { return v; }
   static Type FromVarint(uint64_t v) { return static_cast<int>(v); }
 };
 

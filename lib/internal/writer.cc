@@ -1,13 +1,47 @@
 #include "internal/writer.h"
 
-#include <algorithm>
-
 namespace vantiro {
 namespace internal {
 
 uint8_t* Writer::Flush(uint8_t* p) {
-  Send(buffer_, p - buffer_);
-  return buffer_;
+  const bool was_using_buffer = IsUsingBuffer();
+  Commit(p);
+  // The stream's space ends here. The buffer takes the bytes across its end.
+  return was_using_buffer ? ChooseSpace() : UseBuffer();
+}
+
+uint8_t* Writer::FlushAndWriteRaw(uint8_t* p, const void* data,
+                                  ptrdiff_t size) {
+  Commit(p);
+  Send(data, size);
+  return ChooseSpace();
+}
+
+uint8_t* Writer::Finish(uint8_t* p) {
+  if (!IsUsingBuffer()) return p;
+  const ptrdiff_t size = std::min<ptrdiff_t>(p - buffer_, remaining_);
+  // The stream of an empty record may have no memory at all.
+  if (size == 0) return target_;
+  if (size < 8 || size > 16) {
+    return stream_->WriteRaw(buffer_, static_cast<int>(size), target_);
+  }
+  // A short record, for which a call of memcpy would take a noticeable part of
+  // the time.
+  static_assert(google::protobuf::io::EpsCopyOutputStream::kSlopBytes >= 16,
+                "the stream always has space for 16 bytes");
+  target_ = stream_->EnsureSpace(target_);
+  std::memcpy(target_, buffer_, 8);
+  std::memcpy(target_ + size - 8, buffer_ + size - 8, 8);
+  return target_ + size;
+}
+
+void Writer::Commit(uint8_t* p) {
+  if (IsUsingBuffer()) {
+    Send(buffer_, p - buffer_);
+  } else {
+    remaining_ -= p - target_;
+    target_ = p;
+  }
 }
 
 void Writer::Send(const void* data, ptrdiff_t size) {
@@ -15,6 +49,10 @@ void Writer::Send(const void* data, ptrdiff_t size) {
   if (size == 0) return;
   remaining_ -= size;
   target_ = stream_->WriteRaw(data, static_cast<int>(size), target_);
+}
+
+uint8_t* Writer::ChooseSpace() {
+  return StreamSpace() < 2 * kBufferSize ? UseBuffer() : UseStream();
 }
 
 uint8_t* WriteLongVarint(uint8_t* p, uint64_t value) {

@@ -91,8 +91,10 @@ TEST(WireWriting, LengthsAreThoseOfTheLastByteSizeLong) {
   EXPECT_EQ(Written(frame), "22 03 38 ac 02");
 }
 
-DebugExif SmallRecord() {
+// `padding` decides how much of the record is written straight to the stream.
+DebugExif SmallRecord(size_t padding) {
   DebugExif record;
+  record.add_frame_input_list()->set_sensor_name(std::string(padding, 'x'));
   record.set_field_1(1);
   ZAfFrameInput* const frame = record.add_frame_input_list();
   frame->set_sensor_name("cam");
@@ -153,25 +155,32 @@ void WriteToArray(const MessageLite& message, Space* space) {
   }
 }
 
+void ExpectWritesWithinBounds(const Change& change, size_t padding) {
+  DebugExif record = SmallRecord(padding);
+  const size_t size = record.ByteSizeLong();
+  const std::string fresh = WriteToString(record);
+  change.make(&record);
+  WriteToString(record);
+  for (const size_t guard : kGuards) {
+    for (const int block : {1, 7, 16, 17, 64, 500, 4096}) {
+      Space space(size, guard);
+      WriteTo(record, &space, block);
+    }
+    Space space(size, guard);
+    WriteToArray(record, &space);
+    if (&change == &kChanges[0]) {
+      EXPECT_EQ(ToHex({space.begin(), space.end()}), fresh);
+    }
+  }
+}
+
 TEST(WireWriting, StaleSizesNeverWriteOutOfBounds) {
   for (const Change& change : kChanges) {
-    SCOPED_TRACE(change.what);
-    DebugExif record = SmallRecord();
-    const size_t size = record.ByteSizeLong();
-    const std::string fresh = WriteToString(record);
-    change.make(&record);
-    WriteToString(record);
-    for (const size_t guard : kGuards) {
+    for (const size_t padding : {0, 250, 280, 400, 3000}) {
+      SCOPED_TRACE(std::string(change.what) + ", padding " +
+                   std::to_string(padding));
+      ExpectWritesWithinBounds(change, padding);
       if (HasFailure()) return;
-      for (const int block : {1, 7, 16, 17, 64, 4096}) {
-        Space space(size, guard);
-        WriteTo(record, &space, block);
-      }
-      Space space(size, guard);
-      WriteToArray(record, &space);
-      if (&change == &kChanges[0]) {
-        EXPECT_EQ(ToHex({space.begin(), space.end()}), fresh);
-      }
     }
   }
 }

@@ -1,0 +1,185 @@
+// The sizing and the writing of a message, which go into the source.
+
+#include <algorithm>
+#include <set>
+
+#include "compiler/message_generator.h"
+
+namespace vantiro {
+namespace compiler {
+namespace {
+
+// The most bytes that fields written together may take. The emitted code
+// asserts that the library's writer has so much space.
+constexpr int kMaxSpace = 128;
+
+// Fewer floats are not worth looking at together; more would not fit into the
+// space that is asked for at once.
+constexpr size_t kMinFloatRun = 4;
+constexpr size_t kMaxFloatRun = 20;
+
+using Fields = std::vector<const FieldGenerator*>;
+
+std::string AddSizes(const Fields& group) {
+  const auto two_byte_tags =
+      std::count_if(group.begin(), group.end(),
+                    [](const auto* field) { return field->tag_size() == 2; });
+  const std::string kind = group.front()->size_kind();
+  return Substitute(
+      {{"kind", kind},
+       {"one_byte",
+        std::to_string(static_cast<long>(group.size()) - two_byte_tags)},
+       {"two_byte", std::to_string(two_byte_tags)},
+       {"first", group.front()->name()},
+       {"last", group.back()->name()}},
+      kind == "Bool" ? R"(
+      // $first$ to $last$
+      size += internal::BoolFieldsSize<$one_byte$, $two_byte$>(&scalars_.$first$);
+  )"
+                     : R"(
+      // $first$ to $last$
+      sizes.Add<internal::$kind$Sizes, $one_byte$, $two_byte$>(&scalars_.$first$);
+  )");
+}
+
+std::string WriteFloats(const Fields& run) {
+  std::string tags;
+  for (const FieldGenerator* field : run) {
+    tags += (tags.empty() ? "" : ", ") + field->tag_value();
+  }
+  return Substitute({{"tags", tags},
+                     {"first", run.front()->name()},
+                     {"last", run.back()->name()}},
+                    R"(
+      // $first$ to $last$
+      p = internal::WriteFloatFields<$tags$>(p, &scalars_.$first$);
+  )");
+}
+
+}  // namespace
+
+std::vector<Fields> MessageGenerator::ScalarGroups() const {
+  std::vector<Fields> groups;
+  for (const char* kind : {"", "Float", "UInt32", "SInt32", "Int32", "Bool"}) {
+    Fields group;
+    for (const auto& field : fields_) {
+      if (field->scalar_width() > 0 && field->size_kind() == kind) {
+        group.push_back(field.get());
+      }
+    }
+    if (!group.empty()) groups.push_back(group);
+  }
+  return groups;
+}
+
+// Scalars of one kind have their sizes taken together, unless there is one
+// only.
+std::string MessageGenerator::SizeFields() const {
+  std::set<const FieldGenerator*> together;
+  std::string sizes;
+  std::string bools;
+  for (const Fields& group : ScalarGroups()) {
+    if (group.front()->size_kind().empty() || group.size() < 2) continue;
+    together.insert(group.begin(), group.end());
+    (group.front()->size_kind() == "Bool" ? bools : sizes) += AddSizes(group);
+  }
+  std::string result = bools;
+  if (!sizes.empty()) {
+    result +=
+        "internal::FieldSizes sizes;\n" + sizes + "size += sizes.Total();\n";
+  }
+  for (const auto& field : fields_) {
+    if (together.count(field.get()) == 0) result += field->ByteSize();
+  }
+  return result;
+}
+
+Fields MessageGenerator::FloatRun(size_t begin) const {
+  Fields run;
+  for (size_t i = begin; i < fields_.size() && run.size() < kMaxFloatRun; ++i) {
+    if (fields_[i]->size_kind() != "Float") break;
+    run.push_back(fields_[i].get());
+  }
+  return run;
+}
+
+// Singular scalars with consecutive field numbers ask for their space together.
+// Every function asks first, if only for none: that leaves space for the tag
+// and the length of what follows.
+std::string MessageGenerator::SerializeFields() const {
+  std::string result;
+  std::string run;
+  int run_size = 0;
+  const auto end_run = [&] {
+    if (!run.empty() || result.empty()) {
+      result += "p = writer->EnsureSpace<" + std::to_string(run_size) +
+                ">(p);\n" + run;
+    }
+    run.clear();
+    run_size = 0;
+  };
+  for (size_t i = 0; i < fields_.size();) {
+    Fields floats = FloatRun(i);
+    if (floats.size() < kMinFloatRun) floats.clear();
+    const size_t count = std::max<size_t>(floats.size(), 1);
+    int size = 0;
+    for (size_t k = i; k < i + count; ++k)
+      size += fields_[k]->max_encoded_size();
+    if (size == 0 || run_size + size > kMaxSpace) end_run();
+    (size == 0 ? result : run) +=
+        floats.empty() ? fields_[i]->Serialize() : WriteFloats(floats);
+    run_size += size;
+    i += count;
+  }
+  if (result.empty()) return SerializeOneRun(run, run_size);
+  end_run();
+  return result;
+}
+
+std::string MessageGenerator::SerializeOneRun(const std::string& run,
+                                              int size) const {
+  return Substitute({{"size", std::to_string(size)}, {"run", run}}, R"(
+      if (!writer->HasSpace<$size$>(p)) {
+        return internal::FlushAndSerialize(*this, p, writer);
+      }
+      $run$
+  )");
+}
+
+std::string MessageGenerator::Serialization() const {
+  return Substitute(Combine(variables_, {{"byte_size", SizeFields()},
+                                         {"serialize", SerializeFields()}}),
+                    R"(
+      size_t $Class$::ByteSizeLong() const {
+        size_t size = internal::UnknownFieldsSize(_internal_metadata_);
+        $byte_size$
+        SetCachedSize(static_cast<int>(size));
+        return size;
+      }
+
+      ::uint8_t* $Class$::_InternalSerializeFlat(::uint8_t* p,
+                                                 internal::Writer* writer) const {
+        $serialize$
+        return internal::WriteUnknownFields(p, _internal_metadata_, writer);
+      }
+
+      ::uint8_t* $Class$::_InternalSerialize(
+          ::uint8_t* target,
+          ::google::protobuf::io::EpsCopyOutputStream* stream) const {
+        internal::Writer writer(target, stream, GetCachedSize(),
+                             internal::Writer::Overflow::kDrop);
+        return writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer));
+      }
+
+      void $Class$::SerializeWithCachedSizes(
+          ::google::protobuf::io::CodedOutputStream* output) const {
+        internal::Writer writer(output->Cur(), output->EpsCopy(), GetCachedSize(),
+                             internal::Writer::Overflow::kWrite);
+        output->SetCur(
+            writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer)));
+      }
+  )");
+}
+
+}  // namespace compiler
+}  // namespace vantiro

@@ -1,0 +1,137 @@
+// The encoded sizes of scalars, several fields at a time and without branches.
+//
+// In a class's block of scalars the fields of one kind stand side by side in
+// the order of their numbers: those with tags of one byte first. So one
+// operation gives the sizes of four of them, whatever their values.
+
+#ifndef VANTIRO_LIB_INTERNAL_ENCODED_SIZE_H_
+#define VANTIRO_LIB_INTERNAL_ENCODED_SIZE_H_
+
+#include <google/protobuf/repeated_field.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+
+#include "internal/four.h"
+
+namespace vantiro {
+namespace internal {
+
+// The kinds of 32 bits: what a value takes without its tag, and which values
+// are not written.
+struct UInt32Sizes {
+  static Four Sizes(Four values) { return VarintSizes(values); }
+  static Four IsSkipped(Four values) { return IsZero(values); }
+};
+// Enums too. A negative value is extended to 64 bits and takes ten bytes.
+struct Int32Sizes : UInt32Sizes {
+  static Four Sizes(Four values) {
+    return VarintSizes(values) + (IsNegative(values) & Four{5, 5, 5, 5});
+  }
+};
+struct SInt32Sizes : UInt32Sizes {
+  static Four Sizes(Four values) {
+    return VarintSizes(values << 1 ^ IsNegative(values));
+  }
+};
+// The test of a floating compare with 0.0: -0.0 is skipped, no NaN is.
+struct FloatSizes {
+  static Four Sizes(Four /*values*/) { return Four{4, 4, 4, 4}; }
+  static Four IsSkipped(Four values) { return IsZero(values << 1); }
+};
+
+// Adds up what the fields of a message take with their tags.
+class FieldSizes {
+ public:
+  // Fields of one kind, from `first` on: `kOneByteTags` and then `kTwoByteTags`
+  // of them. Fewer than four are taken with what the message holds before them,
+  // which is left out of the sum: so at least 12 bytes of the object stand
+  // before its scalars.
+  template <typename Kind, int kOneByteTags, int kTwoByteTags>
+  __attribute__((always_inline)) void Add(const void* first) {
+    constexpr int kCount = kOneByteTags + kTwoByteTags;
+    const auto* const begin = static_cast<const char*>(first);
+    AddFours<Kind, kOneByteTags>(begin, std::make_index_sequence<kCount / 4>());
+    if (kCount % 4 != 0) {
+      AddFour<Kind>(begin + 4 * (kCount - 4),
+                    TagSizes(kCount - 4, kOneByteTags, 4 - kCount % 4));
+    }
+  }
+
+  size_t Total() const { return Sum(total_); }
+
+ private:
+  // The tag sizes of four fields, 0 for the first `skipped` ones.
+  static constexpr Four TagSizes(int start, int one_byte_tags, int skipped) {
+    return Four{TagSize(start, one_byte_tags, skipped, 0),
+                TagSize(start, one_byte_tags, skipped, 1),
+                TagSize(start, one_byte_tags, skipped, 2),
+                TagSize(start, one_byte_tags, skipped, 3)};
+  }
+  static constexpr uint32_t TagSize(int start, int one_byte_tags, int skipped,
+                                    int i) {
+    return i < skipped ? 0 : start + i < one_byte_tags ? 1 : 2;
+  }
+
+  template <typename Kind, int kOneByteTags, size_t... kIndex>
+  __attribute__((always_inline)) void AddFours(
+      const char* begin, std::index_sequence<kIndex...> /*indices*/) {
+    (AddFour<Kind>(begin + 16 * kIndex,
+                   TagSizes(int{4 * kIndex}, kOneByteTags, 0)),
+     ...);
+  }
+
+  template <typename Kind>
+  __attribute__((always_inline)) void AddFour(const char* p, Four tag_sizes) {
+    const Four values = LoadFour(p);
+    total_ = total_ + ((Kind::Sizes(values) + tag_sizes) &
+                       ~(Kind::IsSkipped(values) | IsZero(tag_sizes)));
+  }
+
+  Four total_ = {};
+};
+
+// What bools that stand side by side from `first` on take with their tags. At
+// least seven bytes of the object stand before them.
+template <int kOneByteTags, int kTwoByteTags>
+__attribute__((always_inline)) inline size_t BoolFieldsSize(const bool* first) {
+  constexpr int kCount = kOneByteTags + kTwoByteTags;
+  constexpr uint64_t kOnes = 0x0101010101010101;
+  const auto* const begin = reinterpret_cast<const char*>(first);
+  size_t size = 0;
+  for (int i = 0; i < kCount; i += 8) {
+    // Eight bytes that end with the last of these bools; what stands before
+    // them is shifted out.
+    const int count = kCount - i < 8 ? kCount - i : 8;
+    uint64_t bools;
+    std::memcpy(&bools, begin + i + count - 8, sizeof(bools));
+    bools >>= 8 * (8 - count);
+    const int one_byte_tags = kOneByteTags - i;
+    const uint64_t two_byte_tags = one_byte_tags <= 0 ? kOnes
+                                   : one_byte_tags >= 8
+                                       ? 0
+                                       : kOnes << (8 * one_byte_tags);
+    size += (bools * 2 + (bools & two_byte_tags)) * kOnes >> 56;
+  }
+  return size;
+}
+
+// What a sub-message, a string or a packed field takes with its length.
+inline size_t WithLength(size_t size) {
+  if (__builtin_expect_with_probability(size < 0x80, 1, 0.6)) return size + 1;
+  if (size < 0x4000) return size + 2;
+  return size + (size < 0x200000 ? 3 : size < 0x10000000 ? 4 : 5);
+}
+
+// The payloads of packed fields.
+size_t UInt32PayloadSize(
+    const google::protobuf::RepeatedField<uint32_t>& field);
+size_t SInt32PayloadSize(const google::protobuf::RepeatedField<int32_t>& field);
+size_t Int32PayloadSize(const google::protobuf::RepeatedField<int32_t>& field);
+
+}  // namespace internal
+}  // namespace vantiro
+
+#endif  // VANTIRO_LIB_INTERNAL_ENCODED_SIZE_H_

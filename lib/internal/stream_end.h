@@ -1,0 +1,48 @@
+// Where the space of an output stream of the runtime ends.
+//
+// The runtime keeps that position in a private member. The alternatives are to
+// copy every byte through a buffer of our own, or to ask the stream for space
+// before every few bytes: both cost more than they should. So the member is
+// named here, and nowhere else.
+//
+// Why this is sound: an explicit template instantiation may name private
+// members
+// ([temp.spec]/6), so the compiler checks the member's name and type, and the
+// access is an ordinary one through a pointer to member. What the member means
+// is pinned by the runtime's version: the emitted headers refuse any but 3.21.
+// WireWriting.StaleSizes* tests the meaning: all bytes before `end` may be
+// written, for an array up to its last byte, for a stream up to the 16 bytes
+// behind its chunk that the runtime keeps for itself.
+
+#ifndef VANTIRO_LIB_INTERNAL_STREAM_END_H_
+#define VANTIRO_LIB_INTERNAL_STREAM_END_H_
+
+#include <google/protobuf/io/coded_stream.h>
+
+#include <cstdint>
+
+namespace vantiro {
+namespace internal {
+
+struct StreamEndMember {
+  using Type = uint8_t* google::protobuf::io::EpsCopyOutputStream::*;
+  friend constexpr Type MemberOf(StreamEndMember /*tag*/);
+};
+
+// Its instantiation defines MemberOf.
+template <typename Tag, typename Tag::Type kMember>
+struct NameMember {
+  friend constexpr typename Tag::Type MemberOf(Tag /*tag*/) { return kMember; }
+};
+template struct NameMember<StreamEndMember,
+                           &google::protobuf::io::EpsCopyOutputStream::end_>;
+
+inline const uint8_t* StreamEnd(
+    const google::protobuf::io::EpsCopyOutputStream& stream) {
+  return stream.*MemberOf(StreamEndMember());
+}
+
+}  // namespace internal
+}  // namespace vantiro
+
+#endif  // VANTIRO_LIB_INTERNAL_STREAM_END_H_

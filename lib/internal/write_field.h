@@ -1,0 +1,114 @@
+// Writing fields that are not singular scalars.
+
+#ifndef VANTIRO_LIB_INTERNAL_WRITE_FIELD_H_
+#define VANTIRO_LIB_INTERNAL_WRITE_FIELD_H_
+
+#include <google/protobuf/generated_message_util.h>
+#include <google/protobuf/metadata_lite.h>
+#include <google/protobuf/repeated_field.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+#include "internal/varint.h"
+#include "internal/write_varint.h"
+#include "internal/writer.h"
+
+namespace vantiro {
+namespace internal {
+
+// Writes a sub-message with its cached size as its length.
+template <uint32_t kTag, typename T>
+inline uint8_t* WriteMessage(uint8_t* p, const T& message, Writer* writer) {
+  p = WriteTaggedVarint<kTag>(
+      p, static_cast<uint32_t>(message._InternalCachedSize()));
+  return message._InternalSerializeFlat(p, writer);
+}
+
+// For a message that is written as one run of small fields and finds no space
+// for it. Out of line, so that the message's own function calls nothing.
+template <typename T>
+__attribute__((noinline, cold)) uint8_t* FlushAndSerialize(const T& message,
+                                                           uint8_t* p,
+                                                           Writer* writer) {
+  return message._InternalSerializeFlat(writer->Flush(p), writer);
+}
+
+// Writes a string or bytes field that isn't empty.
+template <uint32_t kTag>
+inline uint8_t* WriteBytes(uint8_t* p, const std::string& bytes,
+                           Writer* writer) {
+  p = WriteTaggedVarint<kTag>(p, uint64_t{bytes.size()});
+  return writer->WriteRaw(p, bytes.data(),
+                          static_cast<ptrdiff_t>(bytes.size()));
+}
+
+// Writes a repeated float that isn't empty. Elements are written whatever their
+// value, also -0.0.
+template <uint32_t kTag>
+inline uint8_t* WritePackedFloats(
+    uint8_t* p, const google::protobuf::RepeatedField<float>& field,
+    int cached_size, Writer* writer) {
+  p = WriteTaggedVarint<kTag>(p, static_cast<uint32_t>(cached_size));
+  return writer->WriteRaw(p, field.data(),
+                          field.size() * static_cast<ptrdiff_t>(sizeof(float)));
+}
+
+template <uint32_t kTag>
+inline uint8_t* WritePackedBools(
+    uint8_t* p, const google::protobuf::RepeatedField<bool>& field,
+    int cached_size, Writer* writer) {
+  p = WriteTaggedVarint<kTag>(p, static_cast<uint32_t>(cached_size));
+  return writer->WriteRaw(p, field.data(), field.size());
+}
+
+// Writes a repeated varint of `Kind` that isn't empty, as many elements at once
+// as there is space for.
+template <uint32_t kTag, typename Kind>
+inline uint8_t* WritePackedVarints(
+    uint8_t* p,
+    const google::protobuf::RepeatedField<typename Kind::Type>& field,
+    int cached_size, Writer* writer) {
+  constexpr int kMaxCount = Writer::kMaxSpace / Kind::kMaxSize;
+  p = WriteTaggedVarint<kTag>(p, static_cast<uint32_t>(cached_size));
+  const typename Kind::Type* element = field.data();
+  const typename Kind::Type* const end = element + field.size();
+  while (element != end) {
+    const ptrdiff_t count = std::min<ptrdiff_t>(end - element, kMaxCount);
+    p = writer->EnsureSpace<kMaxCount * Kind::kMaxSize>(p);
+    for (const typename Kind::Type* const stop = element + count;
+         element != stop; ++element) {
+      p = WriteVarint(p, Kind::ToVarint(*element));
+    }
+  }
+  return p;
+}
+
+inline const std::string& UnknownFields(
+    const google::protobuf::internal::InternalMetadata& metadata) {
+  return metadata.unknown_fields<std::string>(
+      google::protobuf::internal::GetEmptyString);
+}
+
+inline size_t UnknownFieldsSize(
+    const google::protobuf::internal::InternalMetadata& metadata) {
+  return __builtin_expect(metadata.have_unknown_fields(), false)
+             ? UnknownFields(metadata).size()
+             : 0;
+}
+
+// Writes the unknown fields unchanged. They follow all declared fields.
+inline uint8_t* WriteUnknownFields(
+    uint8_t* p, const google::protobuf::internal::InternalMetadata& metadata,
+    Writer* writer) {
+  if (__builtin_expect(!metadata.have_unknown_fields(), true)) return p;
+  const std::string& bytes = UnknownFields(metadata);
+  return writer->WriteRaw(p, bytes.data(),
+                          static_cast<ptrdiff_t>(bytes.size()));
+}
+
+}  // namespace internal
+}  // namespace vantiro
+
+#endif  // VANTIRO_LIB_INTERNAL_WRITE_FIELD_H_

@@ -1,0 +1,120 @@
+// Writing tags and varints to flat memory that has space for them.
+
+#ifndef VANTIRO_LIB_INTERNAL_WRITE_VARINT_H_
+#define VANTIRO_LIB_INTERNAL_WRITE_VARINT_H_
+
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+#include "internal/tag.h"
+
+namespace vantiro {
+namespace internal {
+
+// The functions here store whole words, so up to so many bytes after what they
+// write change too.
+constexpr int kWriteOverrun = 5;
+
+// Stores `bits`, lowest byte first.
+template <typename T>
+inline void Store(uint8_t* p, T bits) {
+  std::memcpy(p, &bits, sizeof(bits));
+}
+
+template <uint32_t kTag>
+inline uint8_t* WriteTag(uint8_t* p) {
+  constexpr RawTag kRaw = ToRawTag(kTag);
+  if (TagSize(kTag) == 1) {
+    p[0] = static_cast<uint8_t>(kRaw);
+  } else {
+    Store(p, static_cast<uint16_t>(kRaw));
+  }
+  return p + TagSize(kTag);
+}
+
+// Spreads 28 bits over four bytes of seven bits each.
+inline uint32_t SpreadVarint(uint32_t bits) {
+  bits = (bits & 0x3fff) | (bits & 0x0fffc000) << 2;
+  return (bits & 0x007f007f) | (bits & 0x3f803f80) << 1;
+}
+
+// Write a varint of three bytes or more. The 32-bit forms are inline, so that a
+// function that writes nothing else calls nothing.
+inline uint8_t* WriteLongVarint(uint8_t* p, uint32_t value) {
+  if (value < 0x200000) {
+    Store(p, SpreadVarint(value) | 0x8080);
+    return p + 3;
+  }
+  if (value < 0x10000000) {
+    Store(p, SpreadVarint(value) | 0x808080);
+    return p + 4;
+  }
+  Store(p, SpreadVarint(value & 0x0fffffff) | 0x80808080);
+  p[4] = static_cast<uint8_t>(value >> 28);
+  return p + 5;
+}
+// A negative int32 or enum is sign-extended to 64 bits and takes ten bytes.
+inline uint8_t* WriteLongVarint(uint8_t* p, int32_t value) {
+  const auto bits = static_cast<uint32_t>(value);
+  if (value >= 0) return WriteLongVarint(p, bits);
+  Store(p, SpreadVarint(bits & 0x0fffffff) | 0x80808080);
+  Store(p + 4, uint64_t{0x01fffffffff0} | bits >> 28);
+  return p + 10;
+}
+uint8_t* WriteLongVarint(uint8_t* p, uint64_t value);
+
+// For branches that are taken about as often as not: the code for `condition`
+// comes first, but that for its opposite is not moved out of the way.
+constexpr bool IsRatherLikely(bool condition) {
+  return __builtin_expect_with_probability(condition, 1, 0.6) != 0;
+}
+
+// A value from 0x80 to 0x3fff as it is encoded.
+inline uint32_t TwoByteVarint(uint32_t value) {
+  return (value + (value & 0x3f80)) | 0x80;
+}
+
+template <typename T>
+__attribute__((always_inline)) inline uint8_t* WriteVarint(uint8_t* p,
+                                                           T value) {
+  const auto bits = static_cast<typename std::make_unsigned<T>::type>(value);
+  if (IsRatherLikely(bits < 0x80)) {
+    p[0] = static_cast<uint8_t>(bits);
+    return p + 1;
+  }
+  if (IsRatherLikely(bits < 0x4000)) {
+    Store(p, static_cast<uint16_t>(TwoByteVarint(static_cast<uint32_t>(bits))));
+    return p + 2;
+  }
+  return WriteLongVarint(p, value);
+}
+
+// Writes a tag and a varint, in one store if they are short.
+template <uint32_t kTag, typename T>
+__attribute__((always_inline)) inline uint8_t* WriteTaggedVarint(uint8_t* p,
+                                                                 T value) {
+  constexpr uint32_t kRaw = ToRawTag(kTag);
+  constexpr int kSize = TagSize(kTag);
+  const auto bits = static_cast<typename std::make_unsigned<T>::type>(value);
+  if (IsRatherLikely(bits < 0x80)) {
+    const uint32_t both = kRaw | static_cast<uint32_t>(bits) << (8 * kSize);
+    if (kSize == 1) {
+      Store(p, static_cast<uint16_t>(both));
+    } else {
+      Store(p, both);
+    }
+    return p + kSize + 1;
+  }
+  if (IsRatherLikely(bits < 0x4000)) {
+    const uint32_t varint = TwoByteVarint(static_cast<uint32_t>(bits));
+    Store(p, kRaw | varint << (8 * kSize));
+    return p + kSize + 2;
+  }
+  return WriteLongVarint(WriteTag<kTag>(p), value);
+}
+
+}  // namespace internal
+}  // namespace vantiro
+
+#endif  // VANTIRO_LIB_INTERNAL_WRITE_VARINT_H_
