@@ -1,8 +1,9 @@
 # How our own code is compiled.
 
 add_library(vantiro_options INTERFACE)
+target_compile_features(vantiro_options INTERFACE cxx_std_17)
 target_compile_options(vantiro_options INTERFACE
-  -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Werror)
+  -Wall -Wextra -Wshadow -Wnon-virtual-dtor)
 
 if(VANTIRO_SANITIZE)
   add_compile_options(-fsanitize=${VANTIRO_SANITIZE} -fno-omit-frame-pointer -O1)

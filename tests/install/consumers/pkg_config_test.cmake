@@ -1,4 +1,4 @@
-# Compiles client.cc with COMPILER in STANDARD, with and without type information
+# Compiles every_operation.cc with COMPILER in STANDARD, with and without type information
 # and exceptions. Once, in C++17, it is also linked as PROGRAM, and run.
 
 set(ENV{PKG_CONFIG_PATH} "${PREFIX}/lib/pkgconfig:${RUNTIME}/pkgconfig")
@@ -23,7 +23,7 @@ foreach(without IN ITEMS "" "-fno-rtti;-fno-exceptions")
   execute_process(
     COMMAND "${COMPILER}" -std=${STANDARD} ${without}
       -Wall -Wextra -Wpedantic -Wshadow -Werror
-      "${CMAKE_CURRENT_LIST_DIR}/client.cc" ${make}
+      "${CMAKE_CURRENT_LIST_DIR}/every_operation.cc" ${make}
     COMMAND_ERROR_IS_FATAL ANY)
   if(STANDARD STREQUAL "c++17")
     execute_process(COMMAND "${PROGRAM}" COMMAND_ERROR_IS_FATAL ANY)

@@ -1,6 +1,6 @@
 // A program as clients write it: every kind of accessor and operation that the
 // classes have had since Protocol Buffers 3.9.1, in plain C++11. It is compiled
-// in many ways against an installed library, and run.
+// in many ways with an installed library, and run.
 
 #include <google/protobuf/arena.h>
 #include <google/protobuf/io/coded_stream.h>
