@@ -24,6 +24,7 @@ inline void Store(uint8_t* p, T bits) {
 
 template <uint32_t kTag>
 inline uint8_t* WriteTag(uint8_t* p) {
+  static_assert(kTag <= kMaxTwoByteTag, "a tag of more than two bytes");
   constexpr RawTag kRaw = ToRawTag(kTag);
   if (TagSize(kTag) == 1) {
     p[0] = static_cast<uint8_t>(kRaw);
