@@ -1,9 +1,11 @@
-// The bytes of a stream in one piece, and where its chunks ended.
+// The bytes of a stream in one piece, for the parsers, which read flat memory.
 
 #ifndef VANTIRO_LIB_INTERNAL_FLATTENED_INPUT_H_
 #define VANTIRO_LIB_INTERNAL_FLATTENED_INPUT_H_
 
-#include <algorithm>
+#include <google/protobuf/io/coded_stream.h>
+#include <google/protobuf/parse_context.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -12,37 +14,38 @@
 namespace vantiro {
 namespace internal {
 
-// The parser reads flat memory, but what it keeps of unusual input depends on
-// the chunks of the stream: a repeated field looks ahead within one chunk only.
-class FlattenedInput {
- public:
-  std::string* bytes() { return &bytes_; }
+struct FlattenedInput {
   const uint8_t* begin() const {
-    return reinterpret_cast<const uint8_t*>(bytes_.data());
+    return reinterpret_cast<const uint8_t*>(bytes.data());
   }
-  const uint8_t* end() const { return begin() + bytes_.size(); }
-
-  // Adds the offset at which a chunk ends, which is after those added before.
-  void AddChunkEnd(size_t offset) { chunk_ends_.push_back(offset); }
-  void RemoveLastChunkEnd() { chunk_ends_.pop_back(); }
+  const uint8_t* end() const { return begin() + bytes.size(); }
 
   // The end of the chunk that the byte before `p` lies in.
-  const uint8_t* EndOfChunk(const uint8_t* p) const {
-    const auto offset = static_cast<size_t>(p - begin());
-    const auto found =
-        std::lower_bound(chunk_ends_.begin(), chunk_ends_.end(), offset);
-    return found == chunk_ends_.end() || *found > bytes_.size()
-               ? end()
-               : begin() + *found;
-  }
+  const uint8_t* EndOfChunk(const uint8_t* p) const;
 
-  // Whether the stream ended without a limit.
-  bool is_open_ended = false;
-
- private:
-  std::string bytes_;
-  std::vector<size_t> chunk_ends_;
+  std::string bytes;
+  // The offsets at which the chunks of the stream end, in ascending order. The
+  // last one may lie beyond the end of the bytes.
+  std::vector<size_t> chunk_ends;
+  // Whether a limit of the stream tells where the bytes end. Otherwise they end
+  // with the stream.
+  bool has_limit = true;
 };
+
+// How many bytes are left up to a limit of `input`, or -1 if it has none. If it
+// has a total bytes limit that is nearer, not all of them can be read.
+int BytesUntilLimit(google::protobuf::io::CodedInputStream* input);
+
+// Takes what `input` gives up to its limit or its end. Memory grows with the
+// bytes that arrive.
+void Flatten(google::protobuf::io::CodedInputStream* input,
+             FlattenedInput* flattened);
+
+// The same for what `context` gives from `p` on. Returns the position at the
+// end, and tells the context if that is the end of its stream.
+const char* Flatten(const char* p,
+                    google::protobuf::internal::ParseContext* context,
+                    FlattenedInput* flattened);
 
 }  // namespace internal
 }  // namespace vantiro

@@ -16,7 +16,10 @@ const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
   p = ReadLength(p, end, &length);
   if (p == nullptr || length % kFloatSize != 0) return nullptr;
   const ptrdiff_t missing = length - (end - p);
-  if (missing > 0 && state.Claims(missing)) return nullptr;
+  if (missing > 0 &&
+      !state.bounds.KeepsTruncatedRun(state.recursion_budget, missing)) {
+    return nullptr;
+  }
   const ptrdiff_t count = std::min(length, end - p) / kFloatSize;
   if (count > 0) {
     ReserveAtOnce(field, count);
@@ -39,7 +42,7 @@ const uint8_t* ReadUnpackedFloat(const uint8_t* p, const uint8_t* end,
   const int tag_size = RawTagSize(packed_tag);
   const ptrdiff_t available = std::min<ptrdiff_t>(
       field->Capacity() - field->size(),
-      (state.EndOfLookAhead(p, end) - p) / (tag_size + kFloatSize));
+      (state.bounds.EndOfLookAhead(p, end) - p) / (tag_size + kFloatSize));
   for (ptrdiff_t i = 0; i < available && PeekTag(p, end) == packed_tag; ++i) {
     p = ReadFloat(p + tag_size, end, &element);
     field->AddAlreadyReserved(element);

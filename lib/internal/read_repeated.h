@@ -111,11 +111,11 @@ inline const uint8_t* ReadPackedVarints<Enum>(const uint8_t* p,
 }
 
 // Reads one unpacked element, and then looks ahead for the field's PACKED tag:
-// as long as the field has spare capacity and the tag lies in the same chunk of
-// the input, what follows the tag is read as one more element. So a packed run
-// directly after an unpacked element is misread: its length is read as an
-// element. These classes have always read such bytes so, and it is part of
-// their contract (WireList.UnpackedBeforePacked*): do not correct it here.
+// as long as the field has spare capacity and the tag lies within what may be
+// looked at ahead, what follows the tag is read as one more element. So a
+// packed run directly after an unpacked element is misread: its length is read
+// as an element. These classes have always read such bytes so, and it is part
+// of their contract (WireList.UnpackedBeforePacked*): do not correct it here.
 template <typename Kind>
 const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
                                   RawTag packed_tag, const ParseState& state,
@@ -126,7 +126,7 @@ const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
   field->AddAlreadyReserved(Kind::FromVarint(varint.value));
   int spare = field->Capacity() - field->size();
   while (spare-- > 0 &&
-         PeekTag(varint.next, state.EndOfLookAhead(varint.next, end)) ==
+         PeekTag(varint.next, state.bounds.EndOfLookAhead(varint.next, end)) ==
              packed_tag) {
     varint = ReadVarint(varint.next + RawTagSize(packed_tag), end);
     if (varint.next == nullptr) return nullptr;
@@ -150,9 +150,9 @@ inline const uint8_t* ReadUnpackedVarint<Enum>(const uint8_t* p,
 }
 
 // Reads a packed run of floats. A length that is not a multiple of four fails
-// before any element is read. A run that is longer than the input fails: no
-// element of it is kept within a sub-message whose length claims the bytes that
-// are missing, otherwise the whole elements that are there.
+// before any element is read. A run that is longer than the input fails, and
+// of its elements either all that are there are kept or none
+// (InputBounds::KeepsTruncatedRun).
 const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
                                 const ParseState& state,
                                 RepeatedField<float>* field);

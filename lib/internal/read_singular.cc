@@ -46,6 +46,15 @@ const uint8_t* ReadString(const uint8_t* p, const uint8_t* end,
   return CheckUtf8(field->Get(), WireFormatLite::PARSE, path) ? p : nullptr;
 }
 
+void ReadTruncatedMessage(const uint8_t* p, const uint8_t* end,
+                          ptrdiff_t length, FlatParser parser,
+                          google::protobuf::MessageLite* message,
+                          ParseState* state) {
+  state->bounds.EnterTruncatedMessage(state->recursion_budget,
+                                      length - (end - p));
+  parser(message, p, end, state);
+}
+
 bool CheckUtf8(const std::string& value, WireFormatLite::Operation operation,
                const char* path) {
   return IsAscii(value) ||

@@ -41,6 +41,13 @@ bool CheckUtf8(const std::string& value,
                google::protobuf::internal::WireFormatLite::Operation operation,
                const char* path);
 
+// Reads into `message` what is there of a sub-message of `length` bytes that is
+// longer than the input.
+void ReadTruncatedMessage(const uint8_t* p, const uint8_t* end,
+                          ptrdiff_t length, FlatParser parser,
+                          google::protobuf::MessageLite* message,
+                          ParseState* state);
+
 // Reads a sub-message and merges it into `message`. If it is longer than the
 // input, what is there is read and the parse then fails.
 template <typename T>
@@ -51,8 +58,8 @@ inline const uint8_t* ReadMessage(const uint8_t* p, const uint8_t* end,
   if (__builtin_expect(p == nullptr, false)) return nullptr;
   if (__builtin_expect(--state->recursion_budget < 0, false)) return nullptr;
   if (__builtin_expect(length > end - p, false)) {
-    state->EnterTruncatedMessage(length - (end - p));
-    T::_InternalParseFlat(message, p, end, state);
+    ReadTruncatedMessage(p, end, length, &T::_InternalParseFlat, message,
+                         state);
     return nullptr;
   }
   p = T::_InternalParseFlat(message, p, p + length, state);

@@ -1,0 +1,116 @@
+#include "internal/flattened_input.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace vantiro {
+namespace internal {
+namespace {
+
+using google::protobuf::internal::ParseContext;
+using google::protobuf::io::CodedInputStream;
+
+// How many bytes the context's buffer holds from `p` on. The context only tells
+// whether its buffer goes on at a position, so this is a search by doubling and
+// halving.
+size_t BytesInBuffer(ParseContext* context, const char* p) {
+  size_t available = 0;
+  size_t step = 1;
+  while (context->DataAvailable(p + available + step - 1)) {
+    available += step;
+    step *= 2;
+  }
+  for (; step > 0; step /= 2) {
+    if (context->DataAvailable(p + available + step - 1)) available += step;
+  }
+  return available;
+}
+
+// How far `p` lies beyond the end of the context's buffer, among the kSlopBytes
+// that are readable there.
+int Overrun(ParseContext* context, const char* p) {
+  int overrun = 0;
+  while (!context->DataAvailable(p - overrun - 1)) ++overrun;
+  return overrun;
+}
+
+// Whether the context's buffer is its patch buffer, which joins the end of one
+// chunk to the begin of the next. It is a member of the context.
+bool IsInPatchBuffer(const ParseContext* context, const char* p) {
+  const auto* const begin = reinterpret_cast<const char*>(context);
+  return std::less_equal<>()(begin, p) &&
+         std::less<>()(p, begin + sizeof(*context));
+}
+
+}  // namespace
+
+const uint8_t* FlattenedInput::EndOfChunk(const uint8_t* p) const {
+  const auto offset = static_cast<size_t>(p - begin());
+  const auto found =
+      std::lower_bound(chunk_ends.begin(), chunk_ends.end(), offset);
+  if (found == chunk_ends.end() || *found > bytes.size()) return end();
+  return begin() + *found;
+}
+
+int BytesUntilLimit(CodedInputStream* input) {
+  const int limit = input->BytesUntilLimit();
+  return limit < 0 ? input->BytesUntilTotalBytesLimit() : limit;
+}
+
+void Flatten(CodedInputStream* input, FlattenedInput* flattened) {
+  flattened->has_limit = BytesUntilLimit(input) >= 0;
+  const void* chunk;
+  int size;
+  while (input->GetDirectBufferPointer(&chunk, &size)) {
+    flattened->bytes.append(static_cast<const char*>(chunk),
+                            static_cast<size_t>(size));
+    flattened->chunk_ends.push_back(flattened->bytes.size());
+    input->Skip(size);
+  }
+}
+
+// ParseContext::Done cannot be used to get to the next buffer: it expects to be
+// called between fields, and takes a byte 00 anywhere else for the end.
+const char* Flatten(const char* p, ParseContext* context,
+                    FlattenedInput* flattened) {
+  constexpr int kSlopBytes = ParseContext::kSlopBytes;
+  std::string* const bytes = &flattened->bytes;
+  bool was_in_patch_buffer = false;
+  while (true) {
+    const bool is_in_patch_buffer = IsInPatchBuffer(context, p);
+    const size_t size = BytesInBuffer(context, p);
+    bytes->append(p, size);
+    p += size;
+    const int left = context->BytesUntilLimit(p);
+    if (left == 0) return p;
+
+    // A patch buffer before a long chunk contains no end of a chunk. Only now,
+    // when the context has left it, is this known.
+    if (was_in_patch_buffer && !is_in_patch_buffer) {
+      flattened->chunk_ends.pop_back();
+    }
+    was_in_patch_buffer = is_in_patch_buffer;
+    // The chunk ends kSlopBytes after the buffer.
+    const int readable = kSlopBytes - Overrun(context, p);
+    flattened->chunk_ends.push_back(bytes->size() +
+                                    static_cast<size_t>(readable));
+    if (context->IsExceedingLimit(p + 1)) break;  // There is no next buffer.
+    if (left <= readable) {
+      bytes->append(p, static_cast<size_t>(left));
+      return p + left;
+    }
+    // One byte more than is readable takes the context to its next buffer.
+    p = context->AppendString(p, readable + 1, bytes);
+    if (context->IsExceedingLimit(p)) {
+      bytes->pop_back();
+      --p;
+      break;
+    }
+  }
+  flattened->has_limit = false;
+  context->SetEndOfStream();
+  return p;
+}
+
+}  // namespace internal
+}  // namespace vantiro
