@@ -77,19 +77,20 @@ const char* Flatten(const char* p, ParseContext* context,
   std::string* const bytes = &flattened->bytes;
   bool was_in_patch_buffer = false;
   while (true) {
+    // A patch buffer before a long chunk contains no end of a chunk. Only now,
+    // when the context has left it, is this known.
     const bool is_in_patch_buffer = IsInPatchBuffer(context, p);
+    if (was_in_patch_buffer && !is_in_patch_buffer) {
+      flattened->chunk_ends.pop_back();
+    }
+    was_in_patch_buffer = is_in_patch_buffer;
+
     const size_t size = BytesInBuffer(context, p);
     bytes->append(p, size);
     p += size;
     const int left = context->BytesUntilLimit(p);
     if (left == 0) return p;
 
-    // A patch buffer before a long chunk contains no end of a chunk. Only now,
-    // when the context has left it, is this known.
-    if (was_in_patch_buffer && !is_in_patch_buffer) {
-      flattened->chunk_ends.pop_back();
-    }
-    was_in_patch_buffer = is_in_patch_buffer;
     // The chunk ends kSlopBytes after the buffer.
     const int readable = kSlopBytes - Overrun(context, p);
     flattened->chunk_ends.push_back(bytes->size() +
