@@ -13,6 +13,7 @@ ARM64_PACKAGES=(g++-aarch64-linux-gnu qemu-user
   libprotobuf-dev:arm64 libgtest-dev:arm64)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 LINT_PACKAGES=(clang-format clang-tidy)
+BENCH_PACKAGES=(valgrind)
 export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
 
 say() { printf '\033[1m== %s\033[0m\n' "$*" >&2; }
