@@ -35,10 +35,10 @@ class Scanner {
     const std::string_view rest = bytes_.substr(offset, kMaxRecordSize);
     for (const auto& [type, structure] :
          candidates_[static_cast<uint8_t>(rest.front())]) {
-      const Score score = ScorePrefix(*structure, rest);
+      const PrefixScore score = ScorePrefix(*structure, rest);
       if (score.bits < min_bits_) continue;
       if (best.has_value() && score.bits <= best->bits) continue;
-      best = Match{offset, score.end, type, score.bits};
+      best = Match{offset, score.size, type, score.bits};
     }
     return best;
   }

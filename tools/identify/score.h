@@ -48,9 +48,15 @@ struct Score {
 // bits, and what cannot be read saves none.
 Score ScoreRecord(const MessageStructure& structure, std::string_view bytes);
 
+struct PrefixScore {
+  double bits;
+  size_t size;
+};
+
 // The score of the longest prefix of `bytes` that is an undamaged record as the
 // library writes it.
-Score ScorePrefix(const MessageStructure& structure, std::string_view bytes);
+PrefixScore ScorePrefix(const MessageStructure& structure,
+                        std::string_view bytes);
 
 }  // namespace tools
 }  // namespace vantiro

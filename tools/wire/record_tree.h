@@ -20,9 +20,9 @@ namespace tools {
 // A scalar: one value, or one element of a packed run.
 struct Element {
   // As scalar.h describes them.
-  uint64_t bits;
-  size_t offset;
-  uint8_t size;
+  uint64_t bits = 0;
+  size_t offset = 0;
+  uint8_t size = 0;
   EncodingFlags flags;
 
   Span span() const { return {offset, size}; }

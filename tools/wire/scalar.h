@@ -6,17 +6,14 @@
 #ifndef VANTIRO_TOOLS_WIRE_SCALAR_H_
 #define VANTIRO_TOOLS_WIRE_SCALAR_H_
 
-#include <google/protobuf/wire_format_lite.h>
-
 #include <cstdint>
 #include <string_view>
 
 #include "tools/schema/schema.h"
+#include "tools/wire/wire_reader.h"
 
 namespace vantiro {
 namespace tools {
-
-using WireType = google::protobuf::internal::WireFormatLite::WireType;
 
 // Whether the class reads a value of that wire type into the field.
 bool AcceptsWireType(const FieldDescriptor& field, WireType type);

@@ -1,4 +1,4 @@
-// The reader behind ReadRecord.
+// The implementation of ReadRecord.
 
 #ifndef VANTIRO_TOOLS_WIRE_TREE_READER_H_
 #define VANTIRO_TOOLS_WIRE_TREE_READER_H_
@@ -9,14 +9,14 @@
 #include <vector>
 
 #include "tools/wire/record_tree.h"
+#include "tools/wire/wire_reader.h"
 
 namespace vantiro {
 namespace tools {
 
 class TreeReader {
  public:
-  explicit TreeReader(RecordTree* tree)
-      : tree_(tree), end_(tree->bytes.size()) {}
+  explicit TreeReader(RecordTree* tree) : tree_(tree), reader_(tree->bytes) {}
 
   void Read();
 
@@ -54,29 +54,29 @@ class TreeReader {
   bool ReadUnpacked(FieldState* state, Node* node, std::vector<Node>* nodes);
   bool ReadElement(Node* node);
   bool ReadUnknown(Node* node, bool* is_there);
-  bool ReadFixed(size_t size, Node* node);
+  bool ReadUnknownVarint(Node* node);
+  bool AddUnknown(uint64_t bits, Node* node);
   bool ReadGroup(Node* node);
 
-  bool ReadVarint(const char* what, uint64_t* value, Span* span);
   bool ReadLength(Node* node, uint64_t* length);
   bool CheckFits(const char* what, size_t size);
   bool Enter();
 
-  // Whether the packed tag of the node's field is at the position, and with it
-  // as many bytes as the class asks for before it reads an element.
-  bool IsAtPackedTag(const Node& node) const;
-  bool IsShortest(const Span& span, uint64_t value) const;
-  Element MakeElement(const FieldDescriptor& field, uint64_t bits,
-                      const Span& span, bool is_singular) const;
-  size_t Left() const { return end_ - position_; }
+  // Whether the packed tag of the field comes next, followed by as many bytes
+  // as the class asks for before it reads an element.
+  bool IsAtPackedTag(const FieldDescriptor& field) const;
+  Span SpanFrom(size_t offset) const {
+    return {offset, reader_.offset() - offset};
+  }
 
+  // These return false.
   bool Fail(size_t offset, const std::string& what);
+  bool FailVarint(const char* what);
+  bool FailCutOff(const char* what, size_t size, size_t left);
   std::string Path() const;
 
   RecordTree* const tree_;
-  size_t position_ = 0;
-  // The end of the innermost message or packed run.
-  size_t end_;
+  WireReader reader_;
   int depth_budget_ = 100;
   std::vector<Step> path_;
 };

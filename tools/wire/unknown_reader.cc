@@ -1,6 +1,5 @@
 // The part of TreeReader that reads unknown fields.
 
-#include <cstring>
 #include <string>
 #include <utility>
 
@@ -14,29 +13,27 @@ using google::protobuf::internal::WireFormatLite;
 bool TreeReader::ReadUnknown(Node* node, bool* is_there) {
   *is_there = false;
   if (node->number == 0) return Fail(node->tag.offset, "field number 0");
-  uint64_t value;
   switch (node->wire_type) {
-    case WireFormatLite::WIRETYPE_VARINT: {
-      if (!ReadVarint("varint", &value, &node->value)) return false;
-      if (!IsShortest(node->value, value)) {
-        node->flags.Add(EncodingFlag::kOverlongValue);
-      }
-      node->elements.push_back({value, node->value.offset,
-                                static_cast<uint8_t>(node->value.size),
-                                node->flags});
-      return *is_there = true;
+    case WireFormatLite::WIRETYPE_VARINT:
+      return *is_there = ReadUnknownVarint(node);
+    case WireFormatLite::WIRETYPE_FIXED64: {
+      uint64_t bits = 0;
+      return *is_there = CheckFits("fixed64", sizeof(bits)) &&
+                         reader_.ReadFixed64(&bits) && AddUnknown(bits, node);
     }
-    case WireFormatLite::WIRETYPE_FIXED64:
-      return *is_there = ReadFixed(8, node);
-    case WireFormatLite::WIRETYPE_FIXED32:
-      return *is_there = ReadFixed(4, node);
-    case WireFormatLite::WIRETYPE_LENGTH_DELIMITED:
-      if (!ReadLength(node, &value) || !CheckFits("unknown field", value)) {
+    case WireFormatLite::WIRETYPE_FIXED32: {
+      uint32_t bits = 0;
+      return *is_there = CheckFits("fixed32", sizeof(bits)) &&
+                         reader_.ReadFixed32(&bits) && AddUnknown(bits, node);
+    }
+    case WireFormatLite::WIRETYPE_LENGTH_DELIMITED: {
+      uint64_t length;
+      if (!ReadLength(node, &length) || !CheckFits("unknown field", length)) {
         return false;
       }
-      node->value = {position_, value};
-      position_ += value;
-      return *is_there = true;
+      node->value = {reader_.offset(), length};
+      return *is_there = reader_.Skip(length);
+    }
     case WireFormatLite::WIRETYPE_START_GROUP:
       *is_there = true;
       return ReadGroup(node);
@@ -48,26 +45,29 @@ bool TreeReader::ReadUnknown(Node* node, bool* is_there) {
   }
 }
 
-bool TreeReader::ReadFixed(size_t size, Node* node) {
-  if (!CheckFits(size == 4 ? "fixed32" : "fixed64", size)) {
-    return false;
-  }
-  uint64_t bits = 0;
-  std::memcpy(&bits, tree_->bytes.data() + position_, size);
-  node->value = {position_, size};
-  node->elements.push_back(
-      {bits, position_, static_cast<uint8_t>(size), node->flags});
-  position_ += size;
+bool TreeReader::ReadUnknownVarint(Node* node) {
+  Varint varint;
+  if (!reader_.ReadVarint(&varint)) return FailVarint("varint");
+  if (!varint.IsShortest()) node->flags.Add(EncodingFlag::kOverlongValue);
+  return AddUnknown(varint.value, node);
+}
+
+bool TreeReader::AddUnknown(uint64_t bits, Node* node) {
+  // The value is all that follows the tag.
+  node->value = SpanFrom(node->tag.end());
+  node->elements.push_back({bits, node->value.offset,
+                            static_cast<uint8_t>(node->value.size),
+                            node->flags});
   return true;
 }
 
 bool TreeReader::ReadGroup(Node* node) {
   if (!Enter()) return false;
-  node->value.offset = position_;
+  node->value.offset = reader_.offset();
   while (true) {
-    node->value.size = position_ - node->value.offset;
-    if (position_ == end_) {
-      return Fail(position_, "the group has no end-group tag");
+    node->value = SpanFrom(node->value.offset);
+    if (reader_.AtEnd()) {
+      return Fail(reader_.offset(), "the group has no end-group tag");
     }
     Node inner;
     inner.flags.Add(EncodingFlag::kUnknown);
