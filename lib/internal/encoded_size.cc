@@ -6,8 +6,8 @@ namespace {
 
 using google::protobuf::RepeatedField;
 
-// The sizes of four elements and more. Each of four sums has to stay below
-// 2^32: an element takes ten bytes at most.
+// The most elements that are added up at once: their sum has to be below 2^32,
+// and an element takes ten bytes at most.
 constexpr int kMaxCount = 1 << 28;
 
 template <typename Kind, typename T>

@@ -1,12 +1,14 @@
-// The encoded sizes of scalars, several fields at a time and without branches.
+// The encoded sizes of scalars, of several fields at a time and without
+// branches.
 //
-// In a class's block of scalars the fields of one kind stand side by side in
-// the order of their numbers: those with tags of one byte first. So one
+// In a class's struct of scalars the fields of one kind are adjacent, in the
+// order of their numbers, so that those with tags of one byte come first. One
 // operation gives the sizes of four of them, whatever their values.
 
 #ifndef VANTIRO_LIB_INTERNAL_ENCODED_SIZE_H_
 #define VANTIRO_LIB_INTERNAL_ENCODED_SIZE_H_
 
+#include <google/protobuf/message_lite.h>
 #include <google/protobuf/repeated_field.h>
 
 #include <cstddef>
@@ -19,13 +21,19 @@
 namespace vantiro {
 namespace internal {
 
-// The kinds of 32 bits: what a value takes without its tag, and which values
+// The functions here load up to 12 bytes of an object that are before its
+// scalars.
+static_assert(sizeof(google::protobuf::MessageLite) >= 12,
+              "the base class is before the scalars");
+
+// The kinds of 32 bits: the size of a value without its tag, and which values
 // are not written.
 struct UInt32Sizes {
   static Four Sizes(Four values) { return VarintSizes(values); }
   static Four IsSkipped(Four values) { return IsZero(values); }
 };
-// Enums too. A negative value is extended to 64 bits and takes ten bytes.
+// Also for enums. A negative value is sign-extended to 64 bits and takes ten
+// bytes.
 struct Int32Sizes : UInt32Sizes {
   static Four Sizes(Four values) {
     return VarintSizes(values) + (IsNegative(values) & Four{5, 5, 5, 5});
@@ -36,26 +44,25 @@ struct SInt32Sizes : UInt32Sizes {
     return VarintSizes(values << 1 ^ IsNegative(values));
   }
 };
-// The test of a floating compare with 0.0: -0.0 is skipped, no NaN is.
+// A value that compares equal to 0.0 is skipped: also -0.0, but no NaN.
 struct FloatSizes {
   static Four Sizes(Four /*values*/) { return Four{4, 4, 4, 4}; }
   static Four IsSkipped(Four values) { return IsZero(values << 1); }
 };
 
-// Adds up what the fields of a message take with their tags.
+// Adds up the sizes of a message's fields with their tags.
 class FieldSizes {
  public:
-  // Fields of one kind, from `first` on: `kOneByteTags` and then `kTwoByteTags`
-  // of them. Fewer than four are taken with what the message holds before them,
-  // which is left out of the sum: so at least 12 bytes of the object stand
-  // before its scalars.
+  // Adds fields of one kind, from `first` on: first `kOneByteTags`, then
+  // `kTwoByteTags` of them. If fewer than four are left, the bytes of the
+  // object before them are loaded too, but not added.
   template <typename Kind, int kOneByteTags, int kTwoByteTags>
   __attribute__((always_inline)) void Add(const void* first) {
     constexpr int kCount = kOneByteTags + kTwoByteTags;
     const auto* const begin = static_cast<const char*>(first);
     AddFours<Kind, kOneByteTags>(begin, std::make_index_sequence<kCount / 4>());
     if (kCount % 4 != 0) {
-      AddFour<Kind>(begin + 4 * (kCount - 4),
+      AddFour<Kind>(begin + ptrdiff_t{4} * (kCount - 4),
                     TagSizes(kCount - 4, kOneByteTags, 4 - kCount % 4));
     }
   }
@@ -93,8 +100,8 @@ class FieldSizes {
   Four total_ = {};
 };
 
-// What bools that stand side by side from `first` on take with their tags. At
-// least seven bytes of the object stand before them.
+// The size of adjacent bools from `first` on with their tags. Up to seven bytes
+// of the object before them are loaded, but not added.
 template <int kOneByteTags, int kTwoByteTags>
 __attribute__((always_inline)) inline size_t BoolFieldsSize(const bool* first) {
   constexpr int kCount = kOneByteTags + kTwoByteTags;
@@ -102,8 +109,8 @@ __attribute__((always_inline)) inline size_t BoolFieldsSize(const bool* first) {
   const auto* const begin = reinterpret_cast<const char*>(first);
   size_t size = 0;
   for (int i = 0; i < kCount; i += 8) {
-    // Eight bytes that end with the last of these bools; what stands before
-    // them is shifted out.
+    // Eight bytes that end with the last of these bools. What is before these
+    // is shifted out.
     const int count = kCount - i < 8 ? kCount - i : 8;
     uint64_t bools;
     std::memcpy(&bools, begin + i + count - 8, sizeof(bools));
@@ -118,14 +125,14 @@ __attribute__((always_inline)) inline size_t BoolFieldsSize(const bool* first) {
   return size;
 }
 
-// What a sub-message, a string or a packed field takes with its length.
+// The size of a sub-message, a string or a packed run with its length.
 inline size_t WithLength(size_t size) {
   if (__builtin_expect_with_probability(size < 0x80, 1, 0.6)) return size + 1;
   if (size < 0x4000) return size + 2;
   return size + (size < 0x200000 ? 3 : size < 0x10000000 ? 4 : 5);
 }
 
-// The payloads of packed fields.
+// The sizes of packed runs without their lengths.
 size_t UInt32PayloadSize(
     const google::protobuf::RepeatedField<uint32_t>& field);
 size_t SInt32PayloadSize(const google::protobuf::RepeatedField<int32_t>& field);

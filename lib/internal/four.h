@@ -1,8 +1,8 @@
-// Four 32-bit values side by side, worked on together.
+// Four 32-bit values on which one operation works at once.
 //
-// With GCC and Clang these are the compilers' own vector types, which every
-// target has instructions for. VANTIRO_PORTABLE takes plain loops instead, with
-// the same results; tests run both.
+// With GCC and Clang these are vector types of the compiler, for which every
+// target has instructions. VANTIRO_PORTABLE selects plain loops with the same
+// results. Tests run both.
 
 #ifndef VANTIRO_LIB_INTERNAL_FOUR_H_
 #define VANTIRO_LIB_INTERNAL_FOUR_H_
@@ -14,7 +14,8 @@
 namespace vantiro {
 namespace internal {
 
-// A mask has all bits of a value set where something holds, and none elsewhere.
+// A mask has all bits set in the values for which a condition is true, and no
+// bits set in the others.
 #ifndef VANTIRO_PORTABLE
 
 using Four = uint32_t __attribute__((vector_size(16)));
@@ -27,7 +28,7 @@ inline Four IsNegative(Four values) {
   return reinterpret_cast<Four>(reinterpret_cast<FourSigned>(values) < 0);
 }
 
-// How many bytes the values take as varints.
+// The sizes of the values as varints.
 //
 // The exponent of a float is the number of its highest bit. The bit below the
 // highest one is cleared first, so that no conversion rounds up to the next
@@ -100,7 +101,7 @@ inline Four LoadFour(const void* p) {
   return four;
 }
 
-// The sum of four values that together stay below 2^32.
+// The sum of the four values, which has to be below 2^32.
 inline size_t Sum(Four four) {
   uint64_t halves[2];
   std::memcpy(halves, &four, sizeof(halves));

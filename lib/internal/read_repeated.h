@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "internal/parse_state.h"
 #include "internal/read_singular.h"
@@ -22,28 +23,32 @@ namespace internal {
 
 using google::protobuf::RepeatedField;
 
+// The capacity that a repeated field begins with.
+constexpr int64_t kMinCapacity = 4;
+
 // Gives `field` the capacity `capacity` and no more. RepeatedField::Reserve
 // does so only for a field without capacity, but how far ReadUnpackedVarint
 // looks ahead depends on the capacity.
 template <typename T>
 void SetCapacity(RepeatedField<T>* field, int64_t capacity) {
+  const auto count = static_cast<int>(std::min<int64_t>(capacity, INT32_MAX));
   if (field->Capacity() == 0) {
-    field->Reserve(static_cast<int>(std::min<int64_t>(capacity, INT32_MAX)));
+    field->Reserve(count);
     return;
   }
   RepeatedField<T> grown(field->GetArena());
-  grown.Reserve(static_cast<int>(std::min<int64_t>(capacity, INT32_MAX)));
+  grown.Reserve(count);
   grown.MergeFrom(*field);
   field->UnsafeArenaSwap(&grown);
 }
 
 // Reserves space for `count` more elements as if they were added one by one:
-// the capacity starts at four and doubles until it is large enough.
+// the capacity doubles until it is large enough.
 template <typename T>
 inline void ReserveByDoubling(RepeatedField<T>* field, ptrdiff_t count) {
   const int64_t wanted = field->size() + static_cast<int64_t>(count);
   if (wanted <= field->Capacity()) return;
-  int64_t capacity = std::max<int64_t>(4, int64_t{field->Capacity()} * 2);
+  int64_t capacity = std::max(kMinCapacity, int64_t{field->Capacity()} * 2);
   while (capacity < wanted) capacity *= 2;
   SetCapacity(field, capacity);
 }
@@ -55,19 +60,25 @@ inline void ReserveAtOnce(RepeatedField<T>* field, ptrdiff_t count) {
   const int64_t wanted = field->size() + static_cast<int64_t>(count);
   if (wanted <= field->Capacity()) return;
   SetCapacity(field,
-              std::max({int64_t{4}, int64_t{field->Capacity()} * 2, wanted}));
+              std::max({kMinCapacity, int64_t{field->Capacity()} * 2, wanted}));
 }
 
-// Reads the elements of a packed run of `length` bytes. If it is longer than
-// the input, what is there is read and the parse then fails. Elements read
-// before a failure stay. The elements are counted first, so that space is
-// reserved once, and never for more elements than there are bytes.
+// Reads a packed run of varints. If it is longer than the input, what is there
+// is read and the parse then fails. Elements read before a failure stay. The
+// elements are counted first, so that space is reserved once, and never for
+// more elements than there are bytes.
 template <typename Kind>
-const uint8_t* ReadPackedElements(const uint8_t* p, const uint8_t* end,
-                                  ptrdiff_t length,
-                                  RepeatedField<typename Kind::Type>* field) {
-  const bool is_truncated = length > end - p;
-  if (!is_truncated) end = p + length;
+const uint8_t* ReadPackedVarints(const uint8_t* p, const uint8_t* end,
+                                 const ParseState& /*state*/,
+                                 RepeatedField<typename Kind::Type>* field) {
+  Varint length = ReadVarint(p, end);
+  // The length of a run of enums is reduced to its low 32 bits first.
+  if (std::is_same<Kind, Enum>::value) length.value &= UINT32_MAX;
+  if (length.next == nullptr || length.value > INT32_MAX) return nullptr;
+  p = length.next;
+  const bool is_truncated = static_cast<ptrdiff_t>(length.value) > end - p;
+  if (!is_truncated) end = p + length.value;
+
   const ptrdiff_t count =
       std::count_if(p, end, [](uint8_t byte) { return byte < 0x80; });
   const int size = field->size();
@@ -87,35 +98,13 @@ const uint8_t* ReadPackedElements(const uint8_t* p, const uint8_t* end,
   return is_truncated ? nullptr : p;
 }
 
-// Reads a packed run of varints.
-template <typename Kind>
-inline const uint8_t* ReadPackedVarints(
-    const uint8_t* p, const uint8_t* end, const ParseState& /*state*/,
-    RepeatedField<typename Kind::Type>* field) {
-  ptrdiff_t length;
-  p = ReadLength(p, end, &length);
-  if (p == nullptr) return nullptr;
-  return ReadPackedElements<Kind>(p, end, length, field);
-}
-
-// The length of a packed run of enums is reduced to its low 32 bits first.
-template <>
-inline const uint8_t* ReadPackedVarints<Enum>(const uint8_t* p,
-                                              const uint8_t* end,
-                                              const ParseState& /*state*/,
-                                              RepeatedField<int>* field) {
-  const Varint varint = ReadVarint(p, end);
-  const auto length = static_cast<int32_t>(varint.value);
-  if (varint.next == nullptr || length < 0) return nullptr;
-  return ReadPackedElements<Enum>(varint.next, end, length, field);
-}
-
 // Reads one unpacked element, and then looks ahead for the field's PACKED tag:
-// as long as the field has spare capacity and the tag lies within what may be
-// looked at ahead, what follows the tag is read as one more element. So a
-// packed run directly after an unpacked element is misread: its length is read
-// as an element. These classes have always read such bytes so, and it is part
-// of their contract (WireList.UnpackedBeforePacked*): do not correct it here.
+// as long as the field has spare capacity and the tag is not beyond
+// InputBounds::EndOfLookAhead, what follows the tag is read as one more
+// element. So a packed run directly after an unpacked element is misread: its
+// length is read as an element. These classes have always read such bytes so,
+// and it is part of their contract (WireList.UnpackedBeforePacked*): do not
+// correct it here. Repeated enums do not look ahead.
 template <typename Kind>
 const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
                                   RawTag packed_tag, const ParseState& state,
@@ -124,6 +113,7 @@ const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
   if (varint.next == nullptr) return nullptr;
   ReserveByDoubling(field, 1);
   field->AddAlreadyReserved(Kind::FromVarint(varint.value));
+  if (std::is_same<Kind, Enum>::value) return varint.next;
   int spare = field->Capacity() - field->size();
   while (spare-- > 0 &&
          PeekTag(varint.next, state.bounds.EndOfLookAhead(varint.next, end)) ==
@@ -135,23 +125,9 @@ const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
   return varint.next;
 }
 
-// Repeated enums do not look ahead.
-template <>
-inline const uint8_t* ReadUnpackedVarint<Enum>(const uint8_t* p,
-                                               const uint8_t* end,
-                                               RawTag /*packed_tag*/,
-                                               const ParseState& /*state*/,
-                                               RepeatedField<int>* field) {
-  const Varint varint = ReadVarint(p, end);
-  if (varint.next == nullptr) return nullptr;
-  ReserveByDoubling(field, 1);
-  field->AddAlreadyReserved(Enum::FromVarint(varint.value));
-  return varint.next;
-}
-
 // Reads a packed run of floats. A length that is not a multiple of four fails
-// before any element is read. A run that is longer than the input fails, and
-// of its elements either all that are there are kept or none
+// before any element is read. A run that is longer than the input fails, and of
+// its elements either those that are there are kept or none
 // (InputBounds::KeepsTruncatedRun).
 const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
                                 const ParseState& state,

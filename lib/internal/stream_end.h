@@ -1,18 +1,16 @@
-// Where the space of an output stream of the runtime ends.
+// The end of the space of the runtime's output stream.
 //
-// The runtime keeps that position in a private member. The alternatives are to
-// copy every byte through a buffer of our own, or to ask the stream for space
-// before every few bytes: both cost more than they should. So the member is
-// named here, and nowhere else.
+// The runtime keeps it in a private member. The alternatives are to copy every
+// byte through a buffer of our own, or to ask the stream for space before every
+// few bytes. Both are slower. Only this file names the member.
 //
-// Why this is sound: an explicit template instantiation may name private
-// members
-// ([temp.spec]/6), so the compiler checks the member's name and type, and the
-// access is an ordinary one through a pointer to member. What the member means
-// is pinned by the runtime's version: the emitted headers refuse any but 3.21.
+// This is valid C++: explicit template instantiations may name private members
+// ([temp.spec]/6). The compiler checks the member's name and type, and the
+// access is an ordinary one through a pointer to member. The member's meaning
+// is fixed by the runtime's version: the emitted headers refuse all but 3.21.
 // WireWriting.StaleSizes* tests the meaning: all bytes before `end` may be
-// written, for an array up to its last byte, for a stream up to the 16 bytes
-// behind its chunk that the runtime keeps for itself.
+// written. For an array these are all its bytes, for a stream all but the last
+// 16 of its chunk, which the runtime keeps for itself.
 
 #ifndef VANTIRO_LIB_INTERNAL_STREAM_END_H_
 #define VANTIRO_LIB_INTERNAL_STREAM_END_H_

@@ -23,15 +23,13 @@ struct NextTag {
 // Called by a parser at `p`, before `end`, when none of its fields matched
 // `tag`, which is what PeekTag gave for `p`.
 //
-// - An overlong tag that has a raw tag: returns the raw tag, and a position
-// such
-//   that the value starts RawTagSize bytes after it. The parser then tries its
+// - An overlong tag that has a raw tag: returns the raw tag, and a position for
+//   which the value starts RawTagSize bytes later. The parser then tries its
 //   fields again.
 // - A field that the message does not declare, or declares with another wire
-//   type, is appended to the unknown fields in canonical form.
-// - A tag of value 0, or one that the end of the input truncates, is a failure
-// in
-//   a sub-message. In the root message it ends the parse
+//   type: appends it to the unknown fields in canonical form.
+// - A tag of value 0, or one that the end of the input truncates: fails in a
+//   sub-message. In the root message it ends the parse
 //   (ParseState::ended_at_invalid_tag).
 NextTag HandleUnexpectedTag(
     const uint8_t* p, const uint8_t* end, RawTag tag,

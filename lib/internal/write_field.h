@@ -26,8 +26,9 @@ inline uint8_t* WriteMessage(uint8_t* p, const T& message, Writer* writer) {
   return message._InternalSerializeFlat(p, writer);
 }
 
-// For a message that is written as one run of small fields and finds no space
-// for it. Out of line, so that the message's own function calls nothing.
+// For a message that is written as one run of small fields, if there is no
+// space for it. Out of line, so that the message's function has no call on its
+// usual path.
 template <typename T>
 __attribute__((noinline, cold)) uint8_t* FlushAndSerialize(const T& message,
                                                            uint8_t* p,
@@ -55,6 +56,7 @@ inline uint8_t* WritePackedFloats(
                           field.size() * static_cast<ptrdiff_t>(sizeof(float)));
 }
 
+// Writes a repeated bool that isn't empty.
 template <uint32_t kTag>
 inline uint8_t* WritePackedBools(
     uint8_t* p, const google::protobuf::RepeatedField<bool>& field,
@@ -77,8 +79,8 @@ inline uint8_t* WritePackedVarints(
   while (element != end) {
     const ptrdiff_t count = std::min<ptrdiff_t>(end - element, kMaxCount);
     p = writer->EnsureSpace<kMaxCount * Kind::kMaxSize>(p);
-    for (const typename Kind::Type* const stop = element + count;
-         element != stop; ++element) {
+    for (const typename Kind::Type* const next = element + count;
+         element != next; ++element) {
       p = WriteVarint(p, Kind::ToVarint(*element));
     }
   }

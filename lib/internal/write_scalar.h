@@ -1,5 +1,5 @@
-// Writing singular scalars, each unless it is zero, to flat memory that has
-// space for them.
+// Writing singular scalars that are not zero to flat memory that has space for
+// them.
 
 #ifndef VANTIRO_LIB_INTERNAL_WRITE_SCALAR_H_
 #define VANTIRO_LIB_INTERNAL_WRITE_SCALAR_H_
@@ -54,7 +54,7 @@ __attribute__((always_inline)) inline Zeros FindZeros(const float* first) {
   Four any = {};
   Four all = ~any;
   for (int i = 0; i < kCount; i += 4) {
-    // The last four may have been looked at in part.
+    // The last four overlap those before them if kCount is no multiple of 4.
     const int start = i + 4 <= kCount ? i : kCount - 4;
     const Four zeros = IsZero(LoadFour(first + start) << 1);
     any = any | zeros;
@@ -64,8 +64,8 @@ __attribute__((always_inline)) inline Zeros FindZeros(const float* first) {
   return HasAnyBit(~all) ? Zeros::kSome : Zeros::kAll;
 }
 
-// Writes the float fields of the tags, which stand side by side from `first`
-// on. Where none is zero they are a block of known layout.
+// Writes the float fields with the tags `kTags`, which are adjacent in memory
+// from `first` on. If none of them is zero, the positions of all are constants.
 template <uint32_t... kTags>
 __attribute__((always_inline)) inline uint8_t* WriteFloatFields(
     uint8_t* p, const float* first) {

@@ -12,9 +12,9 @@
 namespace vantiro {
 namespace internal {
 
-// The functions here store whole words, so up to so many bytes after what they
-// write change too.
-constexpr int kWriteOverrun = 5;
+// The functions here store whole words, so that up to kWriteOverrun bytes after
+// what they write change too: a varint of three bytes may be stored as eight.
+constexpr int kWriteOverrun = sizeof(uint64_t) - 3;
 
 // Stores `bits`, lowest byte first.
 template <typename T>
@@ -65,8 +65,8 @@ inline uint8_t* WriteLongVarint(uint8_t* p, int32_t value) {
 }
 uint8_t* WriteLongVarint(uint8_t* p, uint64_t value);
 
-// For branches that are taken about as often as not: the code for `condition`
-// comes first, but that for its opposite is not moved out of the way.
+// For branches that are taken about as often as not: the compiler places the
+// code for `condition` first, but does not move the other code away.
 constexpr bool IsRatherLikely(bool condition) {
   return __builtin_expect_with_probability(condition, 1, 0.6) != 0;
 }

@@ -6,7 +6,8 @@ namespace internal {
 uint8_t* Writer::Flush(uint8_t* p) {
   const bool was_using_buffer = IsUsingBuffer();
   Commit(p);
-  // The stream's space ends here. The buffer takes the bytes across its end.
+  // The next bytes may cross the end of the stream's space, which only the
+  // stream itself can do: they go to the buffer.
   return was_using_buffer ? ChooseSpace() : UseBuffer();
 }
 
@@ -52,30 +53,7 @@ void Writer::Send(const void* data, ptrdiff_t size) {
 }
 
 uint8_t* Writer::ChooseSpace() {
-  return StreamSpace() < 2 * kBufferSize ? UseBuffer() : UseStream();
-}
-
-uint8_t* WriteLongVarint(uint8_t* p, uint64_t value) {
-  // Spreads the low 56 bits over eight bytes of seven bits each.
-  uint64_t spread = (value & 0x000000000fffffff) | (value & 0x00fffffff0000000)
-                                                       << 4;
-  spread = (spread & 0x00003fff00003fff) | (spread & 0x0fffc0000fffc000) << 2;
-  spread = (spread & 0x007f007f007f007f) | (spread & 0x3f803f803f803f80) << 1;
-  constexpr uint64_t kContinuationBits = 0x8080808080808080;
-  const uint64_t high = value >> 56;
-  if (high == 0) {
-    const int last = (63 - __builtin_clzll(spread)) / 8;
-    spread |= kContinuationBits & ((uint64_t{1} << (8 * last)) - 1);
-    std::memcpy(p, &spread, sizeof(spread));
-    return p + last + 1;
-  }
-  spread |= kContinuationBits;
-  std::memcpy(p, &spread, sizeof(spread));
-  p[8] = static_cast<uint8_t>(high);
-  if (high < 0x80) return p + 9;
-  p[8] = static_cast<uint8_t>(high | 0x80);
-  p[9] = 1;
-  return p + 10;
+  return StreamSpace() < ptrdiff_t{2} * kBufferSize ? UseBuffer() : UseStream();
 }
 
 }  // namespace internal

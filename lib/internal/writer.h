@@ -18,16 +18,17 @@
 namespace vantiro {
 namespace internal {
 
-// Gives emitted code the space that it writes to: that of the runtime's stream
-// while it lasts, and near its end a buffer, which is copied to the stream when
+// Gives emitted code the space that it writes to: the space of the runtime's
+// stream, and near the end of that a buffer, which is copied to the stream when
 // it is full. Emitted code asks once for the space of a run of small fields and
-// then writes through a plain pointer, `p`, which it passes on. Nothing is ever
-// written outside the stream's space or behind the root's cached size, whatever
-// the cached sizes say (WireWriting.StaleSizes*).
+// then writes through a plain pointer, `p`. Nothing is ever written outside the
+// stream's space or beyond the root message's cached size, even if cached sizes
+// are stale (WireWriting.StaleSizes*).
 //
-// Between two fields `p` is within the space that was asked for. After that the
-// writer keeps kHeaderSize bytes for the tag and the length of a sub-message,
-// string or packed run: these need not ask, but what follows the length has to.
+// Between two fields `p` is within the space that was asked for. After this
+// space there are kHeaderSize bytes more for the tag and the length of a
+// sub-message, string or packed run, which are written without asking. What
+// follows the length has to ask.
 class Writer {
  public:
   // What happens to bytes beyond the cached size of the root message. There are
@@ -54,7 +55,7 @@ class Writer {
   Writer(const Writer&) = delete;
   Writer& operator=(const Writer&) = delete;
 
-  // Where to write first.
+  // The position to begin at.
   uint8_t* Begin() {
     return StreamSpace() < kMinStreamSpace ? UseBuffer() : UseStream();
   }
@@ -87,12 +88,12 @@ class Writer {
   uint8_t* Finish(uint8_t* p);
 
  private:
-  // Shorter records are written to the buffer and copied: that costs less than
-  // changing to the buffer near their end.
+  // In less space than this, a record is written to the buffer and copied: that
+  // costs less than changing to the buffer near the end of the record.
   static constexpr ptrdiff_t kMinStreamSpace = 300;
   static constexpr int kReserve = kHeaderSize + kWriteOverrun;
   static_assert(kMinStreamSpace > kReserve + kMaxSpace,
-                "the stream's space holds what may be asked for");
+                "the stream's space holds what may be asked for at once");
 
   bool IsUsingBuffer() const { return begin_ == buffer_; }
   // How many bytes may be written to the stream's space.
@@ -110,19 +111,21 @@ class Writer {
     return begin_;
   }
 
-  // Tells the stream what was written up to `p`.
+  // Counts what was written up to `p` to the stream's space, or copies it to
+  // the stream from the buffer.
   void Commit(uint8_t* p);
+  // Copies to the stream.
   void Send(const void* data, ptrdiff_t size);
   uint8_t* FlushAndWriteRaw(uint8_t* p, const void* data, ptrdiff_t size);
-  // The stream's space if it has become large again, otherwise the buffer.
+  // Uses the stream's space if there is much of it again, otherwise the buffer.
   uint8_t* ChooseSpace();
 
   google::protobuf::io::EpsCopyOutputStream* const stream_;
   // The stream's position, and how many more bytes may be written to it.
   uint8_t* target_;
   ptrdiff_t remaining_;
-  // Where the bytes begin that the stream was not told of: at `target_` or in
-  // the buffer; and the end of the space, without the reserve after it.
+  // The begin of the space in use, which is `target_` or `buffer_`, and its end
+  // without the reserve.
   uint8_t* begin_;
   uint8_t* end_;
   uint8_t buffer_[kBufferSize + kReserve];
