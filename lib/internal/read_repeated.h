@@ -103,7 +103,7 @@ const uint8_t* ReadPackedVarints(const uint8_t* p, const uint8_t* end,
 // InputBounds::EndOfLookAhead, what follows the tag is read as one more
 // element. So a packed run directly after an unpacked element is misread: its
 // length is read as an element. These classes have always read such bytes so,
-// and it is part of their contract (WireList.UnpackedBeforePacked*): do not
+// and it is part of their contract (WireRepeated.UnpackedBeforePacked*): do not
 // correct it here. Repeated enums do not look ahead.
 template <typename Kind>
 const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,

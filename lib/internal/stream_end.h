@@ -8,7 +8,7 @@
 // ([temp.spec]/6). The compiler checks the member's name and type, and the
 // access is an ordinary one through a pointer to member. The member's meaning
 // is fixed by the runtime's version: the emitted headers refuse all but 3.21.
-// WireWriting.StaleSizes* tests the meaning: all bytes before `end` may be
+// Writing.StaleSizes* tests the meaning: all bytes before `end` may be
 // written. For an array these are all its bytes, for a stream all but the last
 // 16 of its chunk, which the runtime keeps for itself.
 

@@ -23,7 +23,7 @@ namespace internal {
 // it is full. Emitted code asks once for the space of a run of small fields and
 // then writes through a plain pointer, `p`. Nothing is ever written outside the
 // stream's space or beyond the root message's cached size, even if cached sizes
-// are stale (WireWriting.StaleSizes*).
+// are stale (Writing.StaleSizes*).
 //
 // Between two fields `p` is within the space that was asked for. After this
 // space there are kHeaderSize bytes more for the tag and the length of a

@@ -1,8 +1,8 @@
 #include "tests/support/bytes.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -32,12 +32,29 @@ std::string ToHex(const std::string& bytes) {
   return hex;
 }
 
+testing::AssertionResult AreSame(const std::string& got,
+                                 const std::string& wanted) {
+  if (got == wanted) return testing::AssertionSuccess();
+  return testing::AssertionFailure()
+         << "\n  got:    " << ToHex(got) << "\n  wanted: " << ToHex(wanted);
+}
+
 std::string ReadData(const std::string& name) {
   std::ifstream file(std::string(VANTIRO_TEST_DATA) + "/" + name,
                      std::ios::binary);
   EXPECT_TRUE(file.good()) << "cannot read tests/data/" << name;
   return {std::istreambuf_iterator<char>(file),
           std::istreambuf_iterator<char>()};
+}
+
+std::vector<std::string> RecordTypes() {
+  std::vector<std::string> types;
+  for (const auto& file :
+       std::filesystem::directory_iterator(VANTIRO_TEST_DATA "/records")) {
+    if (file.path().extension() == ".bin") types.push_back(file.path().stem());
+  }
+  std::sort(types.begin(), types.end());
+  return types;
 }
 
 }  // namespace tests

@@ -1,9 +1,13 @@
-// Bytes as the tests write and show them.
+// Bytes as the tests write, compare and show them, and the files that hold
+// them.
 
 #ifndef VANTIRO_TESTS_SUPPORT_BYTES_H_
 #define VANTIRO_TESTS_SUPPORT_BYTES_H_
 
+#include <gtest/gtest.h>
+
 #include <string>
+#include <vector>
 
 namespace vantiro {
 namespace tests {
@@ -14,8 +18,16 @@ std::string FromHex(const std::string& hex);
 // Two digits a byte, in groups of one byte.
 std::string ToHex(const std::string& bytes);
 
+// Whether the bytes are the same; shows both sides if not.
+testing::AssertionResult AreSame(const std::string& got,
+                                 const std::string& wanted);
+
 // The content of a file below tests/data. Fails the test if there is none.
 std::string ReadData(const std::string& name);
+
+// The message types of the files in tests/data/records, sorted: <type>.bin
+// holds a record's bytes, <type>.txtpb the same in text format.
+std::vector<std::string> RecordTypes();
 
 }  // namespace tests
 }  // namespace vantiro

@@ -1,8 +1,9 @@
 #include "tests/support/types.h"
 
-#include <algorithm>
+#include <cstring>
+#include <type_traits>
 
-#include "all_units.h"
+#include "all_types.h"
 
 namespace vantiro {
 namespace tests {
@@ -35,24 +36,140 @@ Type MakeType(const char* name) {
       [](const MessageLite& message, CodedOutputStream* output) {
         static_cast<const T&>(message).SerializeWithCachedSizes(output);
       },
+      {},
   };
+}
+
+template <typename T>
+Value ToValue(T number, Kind kind) {
+  return {static_cast<uint64_t>(number), "", kind};
+}
+Value ToValue(uint32_t value) { return ToValue(value, Kind::UINT32); }
+Value ToValue(int32_t value) { return ToValue(value, Kind::INT32); }
+Value ToValue(bool value) { return ToValue(value, Kind::BOOL); }
+Value ToValue(uint64_t value) { return ToValue(value, Kind::UINT64); }
+Value ToValue(int64_t value) { return ToValue(value, Kind::INT64); }
+template <typename Enum, typename = std::enable_if_t<std::is_enum<Enum>::value>>
+Value ToValue(Enum value) {
+  return ToValue(value, Kind::ENUM);
+}
+Value ToValue(float value) {
+  uint32_t bits;
+  std::memcpy(&bits, &value, sizeof(bits));
+  return ToValue(bits, Kind::FLOAT);
+}
+Value ToValue(const std::string& value) { return {0, value, Kind::STRING}; }
+Value ToValue(const MessageLite& value) {
+  return {0, value.SerializeAsString(), Kind::MESSAGE, value.GetTypeName()};
+}
+
+// Becomes whatever number a setter takes.
+struct Argument {
+  template <typename T>
+  operator T() const {  // NOLINT(google-explicit-constructor)
+    return static_cast<T>(value.number);
+  }
+  operator float() const {  // NOLINT(google-explicit-constructor)
+    const auto bits = static_cast<uint32_t>(value.number);
+    float result;
+    std::memcpy(&result, &bits, sizeof(result));
+    return result;
+  }
+  const Value& value;
+};
+
+// `set`, `get` and `count` are expressions in `m`, the message as its class.
+#define VANTIRO_FIELD(C, owner, number, name, kind, is_repeated, set, get, \
+                      count, release, set_allocated, type)                 \
+  {owner,                                                                  \
+   #name,                                                                  \
+   number,                                                                 \
+   Kind::kind,                                                             \
+   is_repeated,                                                            \
+   [](MessageLite* message, const Value& value) {                          \
+     auto* const m = static_cast<C*>(message);                             \
+     set;                                                                  \
+   },                                                                      \
+   [](const MessageLite& message, [[maybe_unused]] int index) {            \
+     const auto& m = static_cast<const C&>(message);                       \
+     return ToValue(get);                                                  \
+   },                                                                      \
+   [](const MessageLite& message) -> int {                                 \
+     [[maybe_unused]] const auto& m = static_cast<const C&>(message);      \
+     return count;                                                         \
+   },                                                                      \
+   [](MessageLite* message) { static_cast<C*>(message)->clear_##name(); }, \
+   release,                                                                \
+   set_allocated,                                                          \
+   type},
+
+#define VANTIRO_SCALAR_FIELD(C, owner, number, name, kind, type)       \
+  VANTIRO_FIELD(C, owner, number, name, kind, false,                   \
+                m->set_##name(Argument{value}), m.name(), -1, nullptr, \
+                nullptr, type)
+#define VANTIRO_STRING_FIELD(C, owner, number, name, kind, type)            \
+  VANTIRO_FIELD(C, owner, number, name, kind, false,                        \
+                m->set_##name(value.bytes), m.name(), -1, nullptr, nullptr, \
+                type)
+#define VANTIRO_REPEATED_FIELD(C, owner, number, name, kind, type) \
+  VANTIRO_FIELD(C, owner, number, name, kind, true,                \
+                m->add_##name(Argument{value}), m.name(index),     \
+                m.name##_size(), nullptr, nullptr, type)
+#define VANTIRO_MESSAGE_FIELD(C, owner, number, name, kind, type)             \
+  VANTIRO_FIELD(                                                              \
+      C, owner, number, name, kind, false,                                    \
+      MergeBytes(value.bytes, m->mutable_##name()), m.name(), m.has_##name(), \
+      [](MessageLite* m) -> MessageLite* {                                    \
+        return static_cast<C*>(m)->release_##name();                          \
+      },                                                                      \
+      [](MessageLite* m, MessageLite* value) {                                \
+        using T = std::remove_pointer_t<                                      \
+            decltype(static_cast<C*>(m)->mutable_##name())>;                  \
+        static_cast<C*>(m)->set_allocated_##name(static_cast<T*>(value));     \
+      },                                                                      \
+      type)
+#define VANTIRO_REPEATED_MESSAGE_FIELD(C, owner, number, name, kind, type) \
+  VANTIRO_FIELD(C, owner, number, name, kind, true,                        \
+                MergeBytes(value.bytes, m->add_##name()), m.name(index),   \
+                m.name##_size(), nullptr, nullptr, type)
+const Field kFields[] = {
+#include "type_table.inc"
+};
+
+std::vector<Type>* MakeTypes() {
+  auto* const types = new std::vector<Type>{
+#define VANTIRO_MESSAGE(class, name) MakeType<class>(name),
+#include "type_table.inc"
+  };
+  std::map<std::string, Type*> by_name;
+  for (Type& type : *types) by_name[type.name] = &type;
+  for (Field field : kFields) {
+    if (field.kind == Kind::MESSAGE) field.type = by_name.at(field.type_name);
+    by_name.at(field.owner_name)->fields.emplace(field.number, field);
+  }
+  return types;
 }
 
 }  // namespace
 
+bool MergeBytes(const std::string& bytes, MessageLite* message) {
+  CodedInputStream input(reinterpret_cast<const uint8_t*>(bytes.data()),
+                         static_cast<int>(bytes.size()));
+  return message->MergeFromCodedStream(&input) && input.ConsumedEntireMessage();
+}
+
 const std::vector<Type>& AllTypes() {
-  static const auto* const types = new std::vector<Type>{
-#define VANTIRO_MESSAGE(class, name) MakeType<class>(name),
-#include "all_types.inc"
-  };
+  static const auto* const types = MakeTypes();
   return *types;
 }
 
-const Type* FindType(const std::string& name) {
-  const auto found =
-      std::find_if(AllTypes().begin(), AllTypes().end(),
-                   [&name](const Type& type) { return type.name == name; });
-  return found == AllTypes().end() ? nullptr : &*found;
+const Type& FindType(const std::string& name) {
+  static const auto* const by_name = [] {
+    auto* const map = new std::map<std::string, const Type*>;
+    for (const Type& type : AllTypes()) (*map)[type.name] = &type;
+    return map;
+  }();
+  return *by_name->at(name);
 }
 
 }  // namespace tests

@@ -15,7 +15,8 @@ struct Vector {
   std::string kind;
   std::string op;
   std::string type_name;
-  int block;
+  // 0: in one piece.
+  int chunk_size;
   bool ok;
   std::string a;
   bool has_b;

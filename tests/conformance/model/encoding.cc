@@ -4,29 +4,26 @@ namespace vantiro {
 namespace tests {
 namespace {
 
-// One character of UTF-8 at `i`: its size, or 0 if there is none.
-size_t CharacterSize(const std::string& text, size_t i) {
-  const auto byte = [&text](size_t at) {
-    return at < text.size() ? static_cast<unsigned char>(text[at]) : 0U;
-  };
-  const unsigned first = byte(i);
-  const unsigned second = byte(i + 1);
-  const auto continues = [](unsigned c) { return (c & 0xc0) == 0x80; };
-  if (first < 0x80) return 1;
-  if (first >= 0xc2 && first < 0xe0 && continues(second)) return 2;
-  if (first >= 0xe0 && first < 0xf0 && continues(second) &&
-      continues(byte(i + 2))) {
-    const bool overlong = first == 0xe0 && second < 0xa0;
-    const bool surrogate = first == 0xed && second >= 0xa0;
-    return overlong || surrogate ? 0 : 3;
+// The size of the UTF-8 character at `at`, or 0 if there is none.
+size_t CharacterSize(const std::string& text, size_t at) {
+  const auto first = static_cast<unsigned char>(text[at]);
+  const size_t size = first < 0x80            ? 1
+                      : first >> 5 == 0b110   ? 2
+                      : first >> 4 == 0b1110  ? 3
+                      : first >> 3 == 0b11110 ? 4
+                                              : 0;
+  if (size < 2) return size;
+  if (size > text.size() - at) return 0;
+  uint32_t character = first & (0x7f >> size);
+  for (size_t i = 1; i < size; ++i) {
+    const auto next = static_cast<unsigned char>(text[at + i]);
+    if (next >> 6 != 0b10) return 0;
+    character = character << 6 | (next & 0x3f);
   }
-  if (first >= 0xf0 && first < 0xf5 && continues(second) &&
-      continues(byte(i + 2)) && continues(byte(i + 3))) {
-    const bool overlong = first == 0xf0 && second < 0x90;
-    const bool too_high = first == 0xf4 && second >= 0x90;
-    return overlong || too_high ? 0 : 4;
-  }
-  return 0;
+  constexpr uint32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+  const bool is_surrogate = character >= 0xd800 && character < 0xe000;
+  const bool is_overlong = character < kSmallest[size];
+  return is_surrogate || is_overlong || character > 0x10ffff ? 0 : size;
 }
 
 }  // namespace

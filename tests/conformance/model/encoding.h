@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "tests/conformance/model/schema_model.h"
+#include "tests/support/types.h"
 
 namespace vantiro {
 namespace tests {

@@ -15,62 +15,57 @@ constexpr uint64_t kMaxLength = 0x7fffffff;
 
 void ModelMessage::Clear() {
   unknown_.clear();
-  for (auto& entry : values_) {
-    Value& value = entry.second;
+  for (auto& [number, value] : values_) {
     value.scalar = 0;
-    value.list.clear();
-    value.text.clear();
-    value.sub.reset();
-    value.subs.clear();
+    value.elements.clear();
+    value.string.clear();
+    value.child.reset();
+    value.children.clear();
   }
 }
 
 void ModelMessage::MergeFrom(const ModelMessage& from) {
   unknown_ += from.unknown_;
-  for (const auto& entry : from.values_) {
-    const Value& theirs = entry.second;
-    const FieldModel& field = model_->fields.at(entry.first);
-    Value* const value = &values_[entry.first];
+  for (const auto& [number, theirs] : from.values_) {
+    const Field& field = type_->fields.at(number);
+    Value* const value = &values_[number];
     if (!IsZero(field.kind, theirs.scalar)) value->scalar = theirs.scalar;
-    if (!theirs.text.empty()) value->text = theirs.text;
-    value->list.insert(value->list.end(), theirs.list.begin(),
-                       theirs.list.end());
-    if (theirs.sub != nullptr) {
-      if (value->sub == nullptr) {
-        value->sub = std::make_unique<ModelMessage>(*field.sub);
+    if (!theirs.string.empty()) value->string = theirs.string;
+    value->elements.insert(value->elements.end(), theirs.elements.begin(),
+                           theirs.elements.end());
+    if (theirs.child != nullptr) {
+      if (value->child == nullptr) {
+        value->child = std::make_unique<ModelMessage>(*field.type);
       }
-      value->sub->MergeFrom(*theirs.sub);
+      value->child->MergeFrom(*theirs.child);
     }
-    for (const auto& sub : theirs.subs) {
-      value->subs.push_back(std::make_unique<ModelMessage>(*field.sub));
-      value->subs.back()->MergeFrom(*sub);
+    for (const auto& child : theirs.children) {
+      value->children.push_back(std::make_unique<ModelMessage>(*field.type));
+      value->children.back()->MergeFrom(*child);
     }
   }
 }
 
-std::unique_ptr<ModelMessage>& ModelMessage::Sub(int number) {
-  return values_[number].sub;
+std::unique_ptr<ModelMessage>& ModelMessage::Child(int number) {
+  return values_[number].child;
 }
 
 std::string ModelMessage::Serialize() const {
   std::string bytes;
-  for (const auto& entry : values_) {
-    const int number = entry.first;
-    const Value& value = entry.second;
-    const FieldModel& field = model_->fields.at(number);
-    if (value.sub != nullptr) {
-      bytes += Delimited(number, value.sub->Serialize());
+  for (const auto& [number, value] : values_) {
+    const Kind kind = type_->fields.at(number).kind;
+    if (value.child != nullptr) {
+      bytes += Delimited(number, value.child->Serialize());
     }
-    for (const auto& sub : value.subs) {
-      bytes += Delimited(number, sub->Serialize());
+    for (const auto& child : value.children) {
+      bytes += Delimited(number, child->Serialize());
     }
-    if (!value.text.empty()) bytes += Delimited(number, value.text);
-    std::string block;
-    for (const uint64_t bits : value.list) block += Element(field.kind, bits);
-    if (!block.empty()) bytes += Delimited(number, block);
-    if (!IsZero(field.kind, value.scalar)) {
-      bytes +=
-          Tag(number, TypeOf(field.kind)) + Element(field.kind, value.scalar);
+    if (!value.string.empty()) bytes += Delimited(number, value.string);
+    std::string packed;
+    for (const uint64_t bits : value.elements) packed += Element(kind, bits);
+    if (!packed.empty()) bytes += Delimited(number, packed);
+    if (!IsZero(kind, value.scalar)) {
+      bytes += Tag(number, TypeOf(kind)) + Element(kind, value.scalar);
     }
   }
   return bytes + unknown_;
@@ -80,32 +75,33 @@ std::string ModelMessage::Serialize() const {
 // lie behind the end of the input.
 class ModelParser {
  public:
-  explicit ModelParser(const ModelInput& input)
-      : input_(input),
-        has_limit_(input.block == 0 || input.has_limit),
-        limit_(has_limit_ ? input.bytes.size() : SIZE_MAX),
-        budget_(input.recursion_budget) {}
+  explicit ModelParser(const Input& input)
+      : bytes_(input.bytes),
+        chunk_size_(static_cast<size_t>(input.chunk_size)),
+        limit_(input.chunk_size == 0 || input.has_limit ? bytes_.size()
+                                                        : SIZE_MAX),
+        recursion_budget_(input.recursion_limit) {}
 
-  ModelVerdict Merge(ModelMessage* message) {
+  Verdict Merge(ModelMessage* message) {
     const bool merged = MergeFields(message);
-    return {merged, merged && ended_well_};
+    return {merged, merged && at_legitimate_end_};
   }
 
  private:
   using Value = ModelMessage::Value;
 
-  size_t End() const { return std::min(limit_, input_.bytes.size()); }
+  size_t End() const { return std::min(limit_, bytes_.size()); }
   size_t Left() const { return End() - position_; }
-  unsigned char Byte(size_t at) const {
-    return static_cast<unsigned char>(input_.bytes[at]);
+  uint64_t ReadByte() {
+    return static_cast<unsigned char>(bytes_[position_++]);
   }
 
   bool ReadVarint(uint64_t* value) {
     *value = 0;
     for (int i = 0; i < 10; ++i) {
       if (Left() == 0) return false;
-      const unsigned char byte = Byte(position_++);
-      *value |= static_cast<uint64_t>(byte & 0x7f) << (7 * i);
+      const uint64_t byte = ReadByte();
+      *value |= (byte & 0x7f) << (7 * i);
       if (byte < 0x80) return true;
     }
     return false;
@@ -113,9 +109,9 @@ class ModelParser {
 
   // 0 at the end, for a tag of value 0, and for one that can't be read.
   uint32_t ReadTag() {
-    ended_well_ = Left() == 0;
+    at_legitimate_end_ = Left() == 0;
     uint64_t tag;
-    if (ended_well_ || !ReadVarint(&tag)) return 0;
+    if (at_legitimate_end_ || !ReadVarint(&tag)) return 0;
     return static_cast<uint32_t>(tag);
   }
 
@@ -124,37 +120,39 @@ class ModelParser {
   }
 
   bool MergeFields(ModelMessage* message) {
-    while (true) {
-      const uint32_t tag = ReadTag();
-      if (tag == 0) return true;
-      const auto field = message->model_->fields.find(tag >> 3);
-      const bool is_known = field != message->model_->fields.end();
-      const auto type = static_cast<WireType>(tag & 7);
-      if (is_known && Takes(field->second, type)) {
-        Value* const value = &message->values_[field->first];
-        if (!ReadField(field->first, field->second, type, value)) return false;
-      } else if (!ReadUnknown(tag, &message->unknown_)) {
-        return false;
-      }
+    const auto& fields = message->type_->fields;
+    while (const uint32_t tag = ReadTag()) {
+      const auto field = fields.find(static_cast<int>(tag >> 3));
+      const auto wire_type = static_cast<WireType>(tag & 7);
+      const bool is_read =
+          field != fields.end() && Takes(field->second, wire_type)
+              ? ReadField(field->second, wire_type,
+                          &message->values_[field->first])
+              : ReadUnknown(tag, &message->unknown_);
+      if (!is_read) return false;
     }
+    return true;
   }
 
-  static bool Takes(const FieldModel& field, WireType type) {
-    return type == TypeOf(field.kind) || (field.is_list && type == kDelimited);
+  static bool Takes(const Field& field, WireType wire_type) {
+    return wire_type == TypeOf(field.kind) ||
+           (field.is_repeated && wire_type == kDelimited);
   }
 
-  bool ReadField(int number, const FieldModel& field, WireType type,
-                 Value* value) {
-    if (field.kind == Kind::MESSAGE) return ReadSub(field, value);
-    if (field.kind == Kind::STRING || field.kind == Kind::BYTES) {
-      return ReadText(field, value);
+  bool ReadField(const Field& field, WireType wire_type, Value* value) {
+    switch (field.kind) {
+      case Kind::MESSAGE:
+        return ReadChild(field, value);
+      case Kind::STRING:
+      case Kind::BYTES:
+        return ReadString(field, &value->string);
+      default:
+        break;
     }
-    if (!field.is_list) return ReadElement(field.kind, &value->scalar);
-    if (type == kDelimited) {
-      return field.kind == Kind::FLOAT ? ReadFloatBlock(value)
-                                       : ReadVarintBlock(field, value);
-    }
-    return ReadUnpacked(number, field, value);
+    if (!field.is_repeated) return ReadElement(field.kind, &value->scalar);
+    if (wire_type != kDelimited) return ReadUnpacked(field, value);
+    return field.kind == Kind::FLOAT ? ReadPackedFloats(value)
+                                     : ReadPackedVarints(field, value);
   }
 
   bool ReadElement(Kind kind, uint64_t* bits) {
@@ -166,49 +164,44 @@ class ModelParser {
     }
     if (Left() < 4) return false;
     *bits = 0;
-    for (int i = 0; i < 4; ++i) {
-      *bits |= static_cast<uint64_t>(Byte(position_++)) << (8 * i);
-    }
+    for (int i = 0; i < 4; ++i) *bits |= ReadByte() << (8 * i);
     return true;
   }
 
-  bool ReadText(const FieldModel& field, Value* value) {
+  bool ReadString(const Field& field, std::string* string) {
     uint64_t length;
     if (!ReadLength(&length) || length > Left()) return false;
-    value->text = input_.bytes.substr(position_, length);
+    *string = bytes_.substr(position_, length);
     position_ += length;
-    return field.kind == Kind::BYTES || IsUtf8(value->text);
+    return field.kind == Kind::BYTES || IsUtf8(*string);
   }
 
-  // A message that claims more than there is is read as far as it goes.
-  bool ReadSub(const FieldModel& field, Value* value) {
-    if (field.is_list) {
-      value->subs.push_back(std::make_unique<ModelMessage>(*field.sub));
-    } else if (value->sub == nullptr) {
-      value->sub = std::make_unique<ModelMessage>(*field.sub);
-    }
-    ModelMessage* const sub =
-        field.is_list ? value->subs.back().get() : value->sub.get();
+  // Of a message that claims more than there is, what is there is read.
+  bool ReadChild(const Field& field, Value* value) {
+    auto* child = &value->child;
+    if (field.is_repeated) child = &value->children.emplace_back();
+    if (*child == nullptr) *child = std::make_unique<ModelMessage>(*field.type);
     uint64_t length;
-    if (!ReadLength(&length) || --budget_ < 0) return false;
+    if (!ReadLength(&length) || --recursion_budget_ < 0) return false;
     const bool fits = length <= Left();
     const size_t outer_limit = limit_;
     limit_ = std::min<size_t>(limit_, position_ + length);
-    if (!MergeFields(sub) || !ended_well_ || !fits) return false;
+    if (!MergeFields(child->get()) || !at_legitimate_end_ || !fits)
+      return false;
     limit_ = outer_limit;
-    ++budget_;
+    ++recursion_budget_;
     return true;
   }
 
-  // A list grows by doubling, from four on.
+  // A repeated field grows by doubling, from four elements on.
   static void Append(uint64_t bits, Value* value) {
-    value->list.push_back(bits);
-    if (value->list.size() > value->capacity) {
+    value->elements.push_back(bits);
+    if (value->elements.size() > value->capacity) {
       value->capacity = std::max<size_t>(4, value->capacity * 2);
     }
   }
 
-  bool ReadVarintBlock(const FieldModel& field, Value* value) {
+  bool ReadPackedVarints(const Field& field, Value* value) {
     uint64_t length;
     if (!ReadVarint(&length)) return false;
     if (field.kind == Kind::ENUM) length &= 0xffffffff;
@@ -225,19 +218,19 @@ class ModelParser {
     return fits;
   }
 
-  // Room for the whole block is made at once if the limit allows for it, and
-  // then nothing of it stays unless all of it is there.
-  bool ReadFloatBlock(Value* value) {
+  // Space for all elements is reserved at once if the limit leaves room for
+  // them, and then nothing of them stays unless all are there.
+  bool ReadPackedFloats(Value* value) {
     uint64_t length;
     if (!ReadLength(&length) || length % 4 != 0) return false;
-    const bool allowed = limit_ != SIZE_MAX && length <= limit_ - position_;
-    if (allowed && length > Left()) return false;
+    const bool fits = length <= Left();
+    const bool is_allowed = limit_ != SIZE_MAX && length <= limit_ - position_;
+    if (is_allowed && !fits) return false;
     const size_t count = std::min<size_t>(length, Left()) / 4;
-    const size_t wanted = value->list.size() + count;
+    const size_t wanted = value->elements.size() + count;
     if (wanted > value->capacity) {
       value->capacity = std::max({size_t{4}, value->capacity * 2, wanted});
     }
-    const bool fits = length <= Left();
     for (size_t i = 0; i < count; ++i) {
       uint64_t bits = 0;
       ReadElement(Kind::FLOAT, &bits);
@@ -246,33 +239,31 @@ class ModelParser {
     return fits;
   }
 
-  // Where the block of the stream ends that the byte just read lies in.
-  size_t EndAtHand() const {
-    if (input_.block == 0) return End();
-    const size_t blocks = (position_ + input_.block - 1) / input_.block;
-    return std::min(End(), blocks * input_.block);
+  // Where the stream's chunk ends that the byte just read lies in.
+  size_t EndOfChunk() const {
+    if (chunk_size_ == 0) return End();
+    const size_t chunks = (position_ + chunk_size_ - 1) / chunk_size_;
+    return std::min(End(), chunks * chunk_size_);
   }
 
-  // After an unpacked element the list looks ahead for its packed tag, while it
-  // has capacity to spare, and takes what follows for an element.
-  bool ReadUnpacked(int number, const FieldModel& field, Value* value) {
-    uint64_t bits = 0;
-    if (!ReadElement(field.kind, &bits)) return false;
-    Append(bits, value);
-    if (field.kind == Kind::ENUM) return true;
-    const std::string packed_tag = Tag(number, kDelimited);
-    while (value->list.size() < value->capacity) {
-      const size_t needed =
-          packed_tag.size() + (field.kind == Kind::FLOAT ? 4 : 0);
-      if (EndAtHand() - position_ < needed ||
-          input_.bytes.compare(position_, packed_tag.size(), packed_tag) != 0) {
+  // After an unpacked element the reader looks ahead for the packed tag, while
+  // the field has capacity to spare, and takes what follows for an element.
+  bool ReadUnpacked(const Field& field, Value* value) {
+    const std::string packed_tag = Tag(field.number, kDelimited);
+    const size_t needed =
+        packed_tag.size() + (field.kind == Kind::FLOAT ? 4 : 0);
+    while (true) {
+      uint64_t bits = 0;
+      if (!ReadElement(field.kind, &bits)) return false;
+      Append(bits, value);
+      if (field.kind == Kind::ENUM ||
+          value->elements.size() == value->capacity ||
+          EndOfChunk() - position_ < needed ||
+          bytes_.compare(position_, packed_tag.size(), packed_tag) != 0) {
         return true;
       }
       position_ += packed_tag.size();
-      if (!ReadElement(field.kind, &bits)) return false;
-      Append(bits, value);
     }
-    return true;
   }
 
   // Keeps the field in its shortest encoding. Of a group that fails, what was
@@ -301,35 +292,34 @@ class ModelParser {
 
   bool KeepBytes(const std::string& head, size_t size, std::string* unknown) {
     if (size > Left()) return false;
-    *unknown += head + input_.bytes.substr(position_, size);
+    *unknown += head + bytes_.substr(position_, size);
     position_ += size;
     return true;
   }
 
   bool ReadGroup(uint32_t tag, std::string* unknown) {
     *unknown += Varint(tag);
-    if (--budget_ < 0) return false;
-    while (true) {
-      const uint32_t inner = ReadTag();
-      if (inner == 0) return false;
+    if (--recursion_budget_ < 0) return false;
+    while (const uint32_t inner = ReadTag()) {
       if ((inner & 7) == kEndGroup) {
         *unknown += Varint(inner);
-        ++budget_;
+        ++recursion_budget_;
         return inner >> 3 == tag >> 3;
       }
       if (!ReadUnknown(inner, unknown)) return false;
     }
+    return false;
   }
 
-  const ModelInput& input_;
-  const bool has_limit_;
+  const std::string& bytes_;
+  const size_t chunk_size_;
   size_t position_ = 0;
   size_t limit_;
-  int budget_;
-  bool ended_well_ = false;
+  int recursion_budget_;
+  bool at_legitimate_end_ = false;
 };
 
-ModelVerdict MergeModel(const ModelInput& input, ModelMessage* message) {
+Verdict MergeModel(const Input& input, ModelMessage* message) {
   return ModelParser(input).Merge(message);
 }
 

@@ -1,5 +1,6 @@
 // A model of the wire rules, written from the rules: slow, plain, and without a
-// line of the library or of the runtime. The library is held to it.
+// line of the library or of the runtime. Of the types it takes the numbers and
+// the kinds of their fields only.
 
 #ifndef VANTIRO_TESTS_CONFORMANCE_MODEL_WIRE_MODEL_H_
 #define VANTIRO_TESTS_CONFORMANCE_MODEL_WIRE_MODEL_H_
@@ -10,7 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/conformance/model/schema_model.h"
+#include "tests/support/entry_points.h"
+#include "tests/support/types.h"
 
 namespace vantiro {
 namespace tests {
@@ -18,16 +20,15 @@ namespace tests {
 // What a message holds.
 class ModelMessage {
  public:
-  explicit ModelMessage(const MessageModel& model) : model_(&model) {}
+  explicit ModelMessage(const Type& type) : type_(&type) {}
 
-  // Forgets everything, but lists keep their capacity.
+  // Removes everything, but repeated fields keep their capacity.
   void Clear();
-  // Takes over what `from` holds as a merge does: zeros and what is empty leave
-  // things as they are.
+  // Takes what `from` holds as a merge does: zeros and what is empty change
+  // nothing.
   void MergeFrom(const ModelMessage& from);
-  // The sub-message of a singular field, to be taken out, put in or left empty.
-  std::unique_ptr<ModelMessage>& Sub(int number);
-  // The bytes that it serialises to.
+  // The value of a singular message field, null if it is absent.
+  std::unique_ptr<ModelMessage>& Child(int number);
   std::string Serialize() const;
 
  private:
@@ -36,37 +37,19 @@ class ModelMessage {
   struct Value {
     // A scalar's or an element's bits, before any encoding.
     uint64_t scalar = 0;
-    std::vector<uint64_t> list;
+    std::vector<uint64_t> elements;
     size_t capacity = 0;
-    std::string text;
-    std::unique_ptr<ModelMessage> sub;
-    std::vector<std::unique_ptr<ModelMessage>> subs;
+    std::string string;
+    std::unique_ptr<ModelMessage> child;
+    std::vector<std::unique_ptr<ModelMessage>> children;
   };
 
-  const MessageModel* model_;
+  const Type* type_;
   std::map<int, Value> values_;
   std::string unknown_;
 };
 
-// How input is given to a parse.
-struct ModelInput {
-  std::string bytes;
-  // The stream's blocks; 0 for one piece.
-  size_t block = 0;
-  // Whether the parser knows beforehand where the bytes end: always so for one
-  // piece, by a limit for a stream.
-  bool has_limit = true;
-  int recursion_budget = 100;
-};
-
-struct ModelVerdict {
-  // What a merge says.
-  bool merged;
-  // Whether the bytes ended where a message may end, which a parse also asks.
-  bool ended_well;
-};
-
-ModelVerdict MergeModel(const ModelInput& input, ModelMessage* message);
+Verdict MergeModel(const Input& input, ModelMessage* message);
 
 }  // namespace tests
 }  // namespace vantiro

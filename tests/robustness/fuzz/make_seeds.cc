@@ -1,18 +1,15 @@
-// Writes what the fuzz targets start from: the reference vectors and records in
-// the form of their inputs, every type's sub-messages moved about, and a
-// dictionary of tags.
+// Writes what the fuzz targets start from, in the form of their inputs: the
+// reference vectors and records, and messages of every type.
 //
 // usage: make_seeds FOLDER
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
-#include "tests/robustness/fuzz/sub_fields.h"
+#include "tests/conformance/model/samples.h"
 #include "tests/support/bytes.h"
-#include "tests/support/types.h"
 #include "tests/support/vectors.h"
 
 namespace vantiro {
@@ -21,104 +18,47 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMaxFieldNumber = 58;
-
 void Write(const fs::path& path, const std::string& bytes) {
   fs::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
-std::string Index(ptrdiff_t index) {
-  return {static_cast<char>(index), static_cast<char>(index >> 8)};
+std::string TwoBytes(size_t value) {
+  return {static_cast<char>(value), static_cast<char>(value >> 8)};
 }
 
-std::string TypeIndex(const std::string& name) {
-  return Index(FindType(name) - AllTypes().data());
+std::string TypeIndex(const Type& type) {
+  return TwoBytes(static_cast<size_t>(&type - AllTypes().data()));
 }
 
-// Where a type stands among all, sorted by their names.
-std::string SortedIndex(const std::string& name) {
-  return Index(
-      std::count_if(AllTypes().begin(), AllTypes().end(),
-                    [&name](const Type& type) { return type.name < name; }));
+void WriteRecord(const fs::path& folder, const std::string& name,
+                 const std::string& type_name, bool in_chunks,
+                 const std::string& bytes) {
+  const std::string type = TypeIndex(FindType(type_name));
+  Write(folder / "parse_fuzz" / name,
+        type + std::string(in_chunks ? "\7\0" : "\0\0", 2) + bytes);
+  Write(folder / "inspection_fuzz" / name, type + bytes);
 }
 
-// In operations: parse into the first message, and again with the second
-// input, which is then merged into the first.
-std::string Operations(const Vector& vector) {
-  const std::string a = vector.a.substr(0, 255);
-  const std::string b = vector.b.substr(0, 255);
-  const auto size = [](const std::string& bytes) {
-    return std::string(1, static_cast<char>(bytes.size()));
-  };
-  return TypeIndex(vector.type_name) + std::string("\2\0\1", 3) + size(a) + a +
-         std::string("\2\1\0", 3) + size(b) + b + std::string("\5\0\1", 3);
+// Operation 2 of operations_fuzz: parses into a message.
+std::string ParseSample(const Type& type, int slot, int seed) {
+  const std::string record = Sample(type, seed);
+  return std::string{2, static_cast<char>(slot), 0} + TwoBytes(record.size()) +
+         record;
 }
 
-void WriteVectors(const fs::path& folder) {
+void WriteAll(const fs::path& folder) {
   for (const Vector& vector : AllVectors()) {
-    const bool in_blocks = vector.block > 0;
-    Write(folder / "parse_fuzz" / vector.id,
-          TypeIndex(vector.type_name) +
-              std::string(in_blocks ? "\3\0" : "\0\0", 2) + vector.a);
-    Write(folder / "inspection_fuzz" / vector.id,
-          SortedIndex(vector.type_name) + vector.a);
-    if (vector.has_b) {
-      Write(folder / "operations_fuzz" / vector.id, Operations(vector));
-    }
+    WriteRecord(folder, vector.id, vector.type_name, vector.chunk_size > 0,
+                vector.a);
   }
-}
-
-// Of a type, in operations: each sub-message comes about on the heap, moves to
-// the arena and back, is copied and cleared, and the messages change places.
-std::string Moves(const Type& type) {
-  std::string moves("\1\1\1", 3);
-  const size_t count = SubFieldsOf(type.name).size();
-  for (size_t i = 0; i < count; ++i) {
-    const std::string field = Index(static_cast<ptrdiff_t>(i));
-    for (const char* const move :
-         {"\12\0\0", "\13\0\1", "\13\1\0", "\12\1\1", "\11\0\0"}) {
-      moves += std::string(move, 3) + field;
-    }
+  for (const std::string& type : RecordTypes()) {
+    WriteRecord(folder, type, type, false,
+                ReadData("records/" + type + ".bin"));
   }
-  return moves + std::string("\7\0\1\6\2\0\10\2\1\7\0\2\5\1\2\4\0\0", 18);
-}
-
-void WriteMoves(const fs::path& folder) {
   for (const Type& type : AllTypes()) {
     Write(folder / "operations_fuzz" / type.name,
-          TypeIndex(type.name) + Moves(type));
-  }
-}
-
-void WriteRecords(const fs::path& folder) {
-  for (const Type& type : AllTypes()) {
-    const fs::path record = fs::path(VANTIRO_TEST_DATA) / "records" /
-                            (std::string(type.name) + ".bin");
-    if (!fs::exists(record)) continue;
-    Write(folder / "parse_fuzz" / record.filename(),
-          TypeIndex(type.name) + std::string("\0\0", 2) +
-              ReadData("records/" + record.filename().string()));
-    Write(folder / "inspection_fuzz" / record.filename(),
-          SortedIndex(type.name) +
-              ReadData("records/" + record.filename().string()));
-  }
-}
-
-void WriteDictionary(const fs::path& path) {
-  std::ofstream file(path);
-  for (int number = 1; number <= kMaxFieldNumber; ++number) {
-    for (const int type : {0, 2, 3, 4, 5}) {
-      const int tag = number << 3 | type;
-      char text[16];
-      if (tag < 0x80) {
-        std::snprintf(text, sizeof(text), "\"\\x%02x\"", tag);
-      } else {
-        std::snprintf(text, sizeof(text), "\"\\x%02x\\x%02x\"",
-                      (tag & 0x7f) | 0x80, tag >> 7);
-      }
-      file << text << '\n';
-    }
+          TypeIndex(type) + ParseSample(type, 0, 1) + ParseSample(type, 1, 2));
   }
 }
 
@@ -131,10 +71,6 @@ int main(int argc, char* argv[]) {
     std::fprintf(stderr, "usage: make_seeds FOLDER\n");
     return 2;
   }
-  const std::filesystem::path folder = argv[1];
-  vantiro::tests::WriteVectors(folder);
-  vantiro::tests::WriteRecords(folder);
-  vantiro::tests::WriteMoves(folder);
-  vantiro::tests::WriteDictionary(folder / "tags.dict");
+  vantiro::tests::WriteAll(argv[1]);
   return 0;
 }

@@ -4,9 +4,8 @@
 
 #include <google/protobuf/descriptor.h>
 #include <google/protobuf/descriptor.pb.h>
-#include <google/protobuf/stubs/logging.h>
+#include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -26,7 +25,6 @@ class Silent : public google::protobuf::DescriptorPool::ErrorCollector {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const google::protobuf::LogSilencer silence;
   google::protobuf::FileDescriptorSet set;
   if (!set.ParseFromArray(data, static_cast<int>(size))) return 0;
   if (set.file_size() != 1) return 0;
@@ -39,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (!faults.empty()) return 0;
   const vantiro::compiler::FileGenerator first(file);
   const vantiro::compiler::FileGenerator second(file);
-  if (first.Header() != second.Header()) std::abort();
-  if (first.Source() != second.Source()) std::abort();
+  EXPECT_EQ(first.Header(), second.Header());
+  EXPECT_EQ(first.Source(), second.Source());
   return 0;
 }

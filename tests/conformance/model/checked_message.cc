@@ -1,0 +1,112 @@
+#include "tests/conformance/model/checked_message.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "tests/support/bytes.h"
+
+namespace vantiro {
+namespace tests {
+
+Verdict ReadByAllEntryPoints(const Type& type, const Input& input,
+                             std::string* written) {
+  ModelMessage model(type);
+  const Verdict wanted = MergeModel(input, &model);
+  *written = model.Serialize();
+  for (const EntryPoint& entry_point : EntryPointsFor(input)) {
+    SCOPED_TRACE(std::string(type.name) + " by " + entry_point.name + ": " +
+                 ToString(input));
+    const Owned message = type.New();
+    const Verdict verdict = entry_point.read(type, input, message.get());
+    if (!entry_point.is_parse) {
+      EXPECT_EQ(verdict.merged, wanted.merged);
+    }
+    EXPECT_EQ(verdict.complete, wanted.complete);
+    EXPECT_TRUE(AreSame(Serialize(type, *message), *written));
+  }
+  return wanted;
+}
+
+CheckedMessage::CheckedMessage(const Type& type, Arena* arena)
+    : type_(type),
+      arena_(arena),
+      message_(type.create(arena)),
+      model_(std::make_unique<ModelMessage>(type)) {}
+
+CheckedMessage::CheckedMessage(const CheckedMessage& from)
+    : type_(from.type_),
+      arena_(nullptr),
+      message_(type_.copy(*from.message_)),
+      model_(std::make_unique<ModelMessage>(type_)) {
+  model_->MergeFrom(*from.model_);
+}
+
+CheckedMessage::~CheckedMessage() {
+  if (arena_ == nullptr) delete message_;
+}
+
+Verdict CheckedMessage::Merge(const Input& input) {
+  const Verdict wanted = MergeModel(input, model_.get());
+  const Verdict verdict = tests::Merge(type_, input, message_);
+  EXPECT_EQ(verdict.merged, wanted.merged) << ToString(input);
+  EXPECT_EQ(verdict.complete, wanted.complete) << ToString(input);
+  return wanted;
+}
+
+bool CheckedMessage::Parse(const std::string& bytes) {
+  model_->Clear();
+  const bool wanted = MergeModel({bytes}, model_.get()).complete;
+  EXPECT_EQ(message_->ParseFromString(bytes), wanted) << ToHex(bytes);
+  return wanted;
+}
+
+void CheckedMessage::Clear() {
+  message_->Clear();
+  model_->Clear();
+  EXPECT_EQ(message_->ByteSizeLong(), 0u);
+}
+
+void CheckedMessage::MergeFrom(const CheckedMessage& from) {
+  type_.merge_from(message_, *from.message_);
+  model_->MergeFrom(*from.model_);
+}
+
+void CheckedMessage::CopyFrom(const CheckedMessage& from) {
+  type_.copy_from(message_, *from.message_);
+  if (&from == this) return;
+  model_->Clear();
+  model_->MergeFrom(*from.model_);
+}
+
+void CheckedMessage::Swap(CheckedMessage* other) {
+  type_.swap(message_, other->message_);
+  if (other != this) std::swap(model_, other->model_);
+}
+
+void CheckedMessage::Create(const Field& field) {
+  field.set(message_, {0, ""});
+  auto& child = model_->Child(field.number);
+  if (child == nullptr) child = std::make_unique<ModelMessage>(*field.type);
+}
+
+void CheckedMessage::Clear(const Field& field) {
+  field.clear(message_);
+  model_->Child(field.number).reset();
+}
+
+void CheckedMessage::Move(const Field& field, CheckedMessage* to) {
+  auto child = std::move(model_->Child(field.number));
+  EXPECT_EQ(field.count(*message_), child != nullptr) << field.name;
+  field.set_allocated(to->message_, field.release(message_));
+  to->model_->Child(field.number) = std::move(child);
+}
+
+std::string CheckedMessage::Serialize() const {
+  const std::string bytes = tests::Serialize(type_, *message_);
+  EXPECT_TRUE(AreSame(bytes, model_->Serialize())) << type_.name;
+  return bytes;
+}
+
+}  // namespace tests
+}  // namespace vantiro
