@@ -1,7 +1,9 @@
 #include "compiler/enum_generator.h"
 
 #include <algorithm>
+#include <vector>
 
+#include "compiler/doc_comment.h"
 #include "compiler/names.h"
 #include "compiler/template.h"
 
@@ -12,12 +14,12 @@ namespace {
 using google::protobuf::EnumDescriptor;
 using google::protobuf::EnumValueDescriptor;
 
-using Values = std::vector<const EnumValueDescriptor*>;
+using ValueList = std::vector<const EnumValueDescriptor*>;
 
-Values ValuesSorted(const EnumDescriptor* enum_type,
-                    bool (*less)(const EnumValueDescriptor*,
-                                 const EnumValueDescriptor*)) {
-  Values values;
+ValueList ValuesSorted(const EnumDescriptor* enum_type,
+                       bool (*less)(const EnumValueDescriptor*,
+                                    const EnumValueDescriptor*)) {
+  ValueList values;
   for (int i = 0; i < enum_type->value_count(); ++i) {
     values.push_back(enum_type->value(i));
   }
@@ -31,6 +33,22 @@ bool NameIsLess(const EnumValueDescriptor* a, const EnumValueDescriptor* b) {
 
 bool NumberIsLess(const EnumValueDescriptor* a, const EnumValueDescriptor* b) {
   return a->number() < b->number();
+}
+
+// The elements of a table, each on a line with the name of the value that it is
+// for.
+std::string AddNames(const std::vector<std::string>& elements,
+                     const ValueList& values) {
+  size_t width = 0;
+  for (const std::string& element : elements) {
+    width = std::max(width, element.size());
+  }
+  std::string result;
+  for (size_t i = 0; i < elements.size(); ++i) {
+    result += elements[i] + std::string(width - elements[i].size(), ' ') +
+              "  // " + values[i]->name() + "\n";
+  }
+  return result;
 }
 
 }  // namespace
@@ -70,71 +88,72 @@ std::string EnumGenerator::ValidityTest() const {
 }
 
 std::string EnumGenerator::Names() const {
-  std::string result;
+  std::string result = "static constexpr char names[] =";
   for (const EnumValueDescriptor* value : by_name_) {
-    result += "\"" + value->name() + "\"\n";
+    result +=
+        (by_name_.size() == 1 ? " \"" : "\n    \"") + value->name() + "\"";
   }
-  result.back() = ';';
-  return result + '\n';
+  return result + ";\n";
 }
 
 std::string EnumGenerator::Entries() const {
-  std::string result;
+  std::vector<std::string> entries;
   size_t offset = 0;
   for (const EnumValueDescriptor* value : by_name_) {
-    result += "{" + enum_type_->name() + "_names + " + std::to_string(offset) +
-              ", " + std::to_string(value->name().size()) + ", " +
-              std::to_string(value->number()) + "},\n";
+    entries.push_back("{names + " + std::to_string(offset) + ", " +
+                      std::to_string(value->name().size()) + ", " +
+                      std::to_string(value->number()) + "},");
     offset += value->name().size();
   }
-  return result;
+  return AddNames(entries, by_name_);
 }
 
 std::string EnumGenerator::EntriesByNumber() const {
-  std::string result;
+  std::vector<std::string> indices;
   for (const EnumValueDescriptor* value : by_number_) {
     const auto entry = std::find(by_name_.begin(), by_name_.end(), value);
-    result += std::to_string(entry - by_name_.begin()) + ",  // " +
-              value->name() + "\n";
+    indices.push_back(std::to_string(entry - by_name_.begin()) + ",");
+  }
+  return AddNames(indices, by_number_);
+}
+
+std::string EnumGenerator::Values() const {
+  std::string result;
+  for (int i = 0; i < enum_type_->value_count(); ++i) {
+    const EnumValueDescriptor* value = enum_type_->value(i);
+    result += DocComment(value) + value->name() + " = " +
+              std::to_string(value->number()) + ",\n";
   }
   return result;
 }
 
 std::string EnumGenerator::Declaration() const {
-  std::string values;
-  for (int i = 0; i < enum_type_->value_count(); ++i) {
-    values += enum_type_->value(i)->name() + " = " +
-              std::to_string(enum_type_->value(i)->number()) + ",\n";
-  }
-  return Substitute(Combine(variables_, {{"values", values}}), R"(
+  return Substitute(Combine(variables_, {{"comment", DocComment(enum_type_)},
+                                         {"values", Values()}}),
+                    R"(
+      $comment$
       enum $Enum$ : int {
         $values$
-        $Enum$_INT_MIN_SENTINEL_DO_NOT_USE_ =
-            ::std::numeric_limits<::int32_t>::min(),
-        $Enum$_INT_MAX_SENTINEL_DO_NOT_USE_ =
-            ::std::numeric_limits<::int32_t>::max()
+        $Enum$_INT_MIN_SENTINEL_DO_NOT_USE_ = ::std::numeric_limits<::int32_t>::min(),
+        $Enum$_INT_MAX_SENTINEL_DO_NOT_USE_ = ::std::numeric_limits<::int32_t>::max(),
       };
-      // Whether `value` is a declared one.
+      // Whether `value` is declared.
       bool $Enum$_IsValid(int value);
       constexpr $Enum$ $Enum$_MIN = $min$;
       constexpr $Enum$ $Enum$_MAX = $max$;
       constexpr int $Enum$_ARRAYSIZE = $Enum$_MAX + 1;
 
-      // The name of `value`, the empty string if it is not declared. Valid until
-      // the runtime's shutdown.
+      // The name of `value`, empty if it is not declared. Valid until the runtime's
+      // shutdown.
       const ::std::string& $Enum$_Name($Enum$ value);
       template <typename T>
-      inline const ::std::string& $Enum$_Name(T value) {
-        static_assert(::std::is_same<T, $Enum$>::value ||
-                          ::std::is_integral<T>::value,
-                      "Incorrect type passed to function $Enum$_Name.");
-        return $Enum$_Name(static_cast<$Enum$>(value));
+      const ::std::string& $Enum$_Name(T value) {
+        return $Enum$_Name(::vantiro::internal::ToEnum<$Enum$>(value));
       }
-      // Stores the value named `name`, and gives true; or gives false and leaves
-      // `*value` alone.
+      // Stores the value of that name and returns true, or returns false.
       bool $Enum$_Parse(const ::std::string& name, $Enum$* value);
 
-  )") + "\n";
+  )");
 }
 
 std::string EnumGenerator::Trait() const {
@@ -153,38 +172,30 @@ std::string EnumGenerator::Definition() const {
       R"(
       // $Enum$
 
-      static const char $Enum$_names[] =
-          $names$
-
-      static constexpr internal::EnumEntry $Enum$_entries[] = {
-          $entries$
-      };
-
-      static constexpr int $Enum$_entries_by_number[] = {
-          $entries_by_number$
-      };
-
-      static internal::EnumName $Enum$_strings[$count$];
-
-      static constexpr internal::EnumTables $Enum$_tables = {
-          $Enum$_entries, $Enum$_entries_by_number, $count$, $Enum$_strings};
+      static const internal::EnumTables& $Enum$_tables() {
+        $names$
+        static constexpr internal::EnumEntry entries[] = {
+            $entries$
+        };
+        static constexpr int by_number[] = {
+            $entries_by_number$
+        };
+        static internal::EnumName strings[$count$];
+        static const internal::EnumTables tables = {entries, by_number, $count$, strings};
+        return tables;
+      }
 
       bool $Enum$_IsValid(int value) {
         $validity_test$
       }
 
       const ::std::string& $Enum$_Name($Enum$ value) {
-        static const bool names_are_built = internal::BuildEnumNames($Enum$_tables);
-        static_cast<void>(names_are_built);
-        return internal::FindEnumName($Enum$_tables, value);
+        static const bool has_names = internal::BuildEnumNames($Enum$_tables());
+        static_cast<void>(has_names);
+        return internal::FindEnumName($Enum$_tables(), value);
       }
 
-      bool $Enum$_Parse(const ::std::string& name, $Enum$* value) {
-        int number;
-        if (!internal::FindEnumValue($Enum$_tables, name, &number)) return false;
-        *value = static_cast<$Enum$>(number);
-        return true;
-      }
+      bool $Enum$_Parse(const ::std::string& name, $Enum$* value) { return internal::ParseEnum($Enum$_tables(), name, value); }
 
   )");
 }

@@ -26,18 +26,20 @@ class EnumGenerator {
   std::string Definition() const;
 
  private:
-  using Values = std::vector<const google::protobuf::EnumValueDescriptor*>;
+  using ValueList = std::vector<const google::protobuf::EnumValueDescriptor*>;
 
   bool IsDenseFromZero() const;
   std::string ValidityTest() const;
-  // All names as one literal without terminators.
+  // The enum's values in the order of the schema.
+  std::string Values() const;
+  // The definition of the table of all names, which are one literal.
   std::string Names() const;
   std::string Entries() const;
   std::string EntriesByNumber() const;
 
   const google::protobuf::EnumDescriptor* const enum_type_;
-  const Values by_name_;
-  const Values by_number_;
+  const ValueList by_name_;
+  const ValueList by_number_;
   const Variables variables_;
 };
 

@@ -1,7 +1,9 @@
 #include "compiler/file_generator.h"
 
 #include <map>
+#include <set>
 
+#include "compiler/line_breaking.h"
 #include "compiler/names.h"
 
 namespace vantiro {
@@ -37,6 +39,24 @@ Messages MakeMessageGenerators(const FileDescriptor* file) {
   return messages;
 }
 
+// `lines` and an empty one, unless there are none.
+std::string Paragraph(const std::string& lines) {
+  return lines.empty() ? "" : lines + "\n";
+}
+
+std::string InRuntimeNamespace(const std::string& code) {
+  if (code.empty()) return "";
+  return Substitute({{"code", code}}, R"(
+      namespace google {
+      namespace protobuf {
+
+      $code$
+
+      }  // namespace protobuf
+      }  // namespace google
+  )");
+}
+
 size_t CountDependencies(const Descriptor* message) {
   std::map<std::string, int> types;
   for (int i = 0; i < message->field_count(); ++i) {
@@ -53,8 +73,8 @@ FileGenerator::FileGenerator(const FileDescriptor* file)
       variables_({{"file", file->name()},
                   {"Stem", Stem(file)},
                   {"guard", HeaderGuard(file)},
-                  {"open", OpenNamespaces(file)},
-                  {"close", CloseNamespaces(file)}}),
+                  {"open", Paragraph(OpenNamespaces(file))},
+                  {"close", Paragraph(CloseNamespaces(file))}}),
       enums_(MakeEnumGenerators(file)),
       messages_(MakeMessageGenerators(file)) {}
 
@@ -70,12 +90,18 @@ std::string FileGenerator::ForMessages(MessageFunction function) const {
   return result;
 }
 
-std::string FileGenerator::ImportedHeaders() const {
-  std::string result;
+// Those of the imports and of lib/internal, sorted.
+std::string FileGenerator::IncludesOfHeader() const {
+  std::set<std::string> headers = {"internal/accessors.h",
+                                   "internal/message_access.h"};
   for (int i = 0; i < file_->dependency_count(); ++i) {
-    result += "#include \"" + Stem(file_->dependency(i)) + ".pb.h\"\n";
+    headers.insert(Stem(file_->dependency(i)) + ".pb.h");
   }
-  return result.empty() ? "" : result + "\n";
+  std::string result;
+  for (const std::string& header : headers) {
+    result += "#include \"" + header + "\"\n";
+  }
+  return result;
 }
 
 // The SccInfo objects of this unit, and those of other units that they need.
@@ -99,17 +125,19 @@ std::string FileGenerator::SccInfoDeclarations() const {
 }
 
 std::string FileGenerator::Header() const {
-  return Substitute(
-      Combine(
-          variables_,
-          {{"imports", ImportedHeaders()},
-           {"forward", ForMessages(&MessageGenerator::ForwardDeclarations)},
-           {"creation", ForMessages(&MessageGenerator::CreationDeclaration)},
-           {"enums", ForEnums(&EnumGenerator::Declaration)},
-           {"traits", ForEnums(&EnumGenerator::Trait)},
-           {"classes", ForMessages(&MessageGenerator::ClassDefinition)},
-           {"accessors",
-            ForMessages(&MessageGenerator::InlineAccessorDefinitions)}}),
+  return BreakLongLines(Substitute(
+      Combine(variables_,
+              {{"includes", IncludesOfHeader()},
+               {"forward",
+                Paragraph(ForMessages(&MessageGenerator::ForwardDeclarations))},
+               {"creation", Paragraph(InRuntimeNamespace(ForMessages(
+                                &MessageGenerator::CreationDeclaration)))},
+               {"enums", ForEnums(&EnumGenerator::Declaration)},
+               {"traits",
+                Paragraph(InRuntimeNamespace(ForEnums(&EnumGenerator::Trait)))},
+               {"classes", ForMessages(&MessageGenerator::ClassDefinition)},
+               {"accessors",
+                ForMessages(&MessageGenerator::InlineAccessorDefinitions)}}),
       R"(
       // Made from $file$. Do not edit.
 
@@ -131,76 +159,51 @@ std::string FileGenerator::Header() const {
       #include <type_traits>
       #include <utility>
 
-      $imports$
+      $includes$
+
       #if GOOGLE_PROTOBUF_VERSION < 3021000 || GOOGLE_PROTOBUF_VERSION >= 3022000
-      #error "These classes stand on the Protocol Buffers runtime 3.21: install its headers, or build the library for the version at hand."
+      #error "These classes need the headers of Protocol Buffers 3.21."
       #endif
 
-      namespace vantiro {
-      namespace internal {
-      struct ParseState;
-      class Writer;
-      }  // namespace internal
-      }  // namespace vantiro
-
       $open$
-
       $forward$
-
       $close$
-
-      namespace google {
-      namespace protobuf {
-
       $creation$
-
-      }  // namespace protobuf
-      }  // namespace google
-
       $open$
-
       $enums$
       $classes$
       $accessors$
       $close$
-
-      namespace google {
-      namespace protobuf {
-
       $traits$
-
-      }  // namespace protobuf
-      }  // namespace google
-
       #endif  // $guard$
-  )");
+  )"));
 }
 
 std::string FileGenerator::Source() const {
-  return Substitute(
-      Combine(
-          variables_,
-          {{"records", SccInfoDeclarations()},
-           {"instances", ForMessages(&MessageGenerator::DefaultInstance)},
-           {"set_up", ForMessages(&MessageGenerator::SccInfo)},
-           {"enums", ForEnums(&EnumGenerator::Definition)},
-           {"operations", ForMessages(&MessageGenerator::Operations)},
-           {"creation", ForMessages(&MessageGenerator::CreationDefinition)}}),
+  return BreakLongLines(Substitute(
+      Combine(variables_,
+              {{"scc_declarations", Paragraph(SccInfoDeclarations())},
+               {"instances", ForMessages(&MessageGenerator::DefaultInstance)},
+               {"scc_infos", ForMessages(&MessageGenerator::SccInfo)},
+               {"enums", ForEnums(&EnumGenerator::Definition)},
+               {"operations", ForMessages(&MessageGenerator::Operations)},
+               {"creation", InRuntimeNamespace(ForMessages(
+                                &MessageGenerator::CreationDefinition))}}),
       R"(
       // Made from $file$. Do not edit.
 
       #include "$Stem$.pb.h"
 
-      #include <new>
-
       #include "internal/encoded_size.h"
       #include "internal/enum_names.h"
+      #include "internal/message_operations.h"
       #include "internal/parse_entry_points.h"
-      #include "internal/read_singular.h"
       #include "internal/read_repeated.h"
+      #include "internal/read_singular.h"
       #include "internal/scc_info.h"
       #include "internal/tag.h"
       #include "internal/unexpected_tag.h"
+      #include "internal/varint_fields.h"
       #include "internal/write_field.h"
       #include "internal/write_scalar.h"
       #include "internal/writer.h"
@@ -208,29 +211,17 @@ std::string FileGenerator::Source() const {
       namespace internal = ::vantiro::internal;
       using ::google::protobuf::internal::WireFormatLite;
 
-      $records$
-
+      $scc_declarations$
       $open$
-
       $instances$
       $close$
-
-      $set_up$
-
+      $scc_infos$
       $open$
-
       $enums$
       $operations$
       $close$
-
-      namespace google {
-      namespace protobuf {
-
       $creation$
-
-      }  // namespace protobuf
-      }  // namespace google
-  )");
+  )"));
 }
 
 }  // namespace compiler

@@ -33,7 +33,7 @@ class FileGenerator {
   std::string ForEnums(EnumFunction function) const;
   std::string ForMessages(MessageFunction function) const;
 
-  std::string ImportedHeaders() const;
+  std::string IncludesOfHeader() const;
   std::string SccInfoDeclarations() const;
 
   const google::protobuf::FileDescriptor* const file_;

@@ -33,7 +33,7 @@ MessageGenerator::MessageGenerator(const Descriptor* message)
       variables_({{"Class", ClassName(message)},
                   {"QualifiedClass", QualifiedName(message)},
                   {"default_instance", DefaultInstanceName(message)},
-                  {"set_up_record", SetUpRecordName(message)},
+                  {"scc_info", SetUpRecordName(message)},
                   {"full_name", message->full_name()},
                   {"PeekTag", PeekFunction(message)},
                   {"Namespace", Namespace(message->file())},
@@ -43,18 +43,6 @@ std::string MessageGenerator::ForFields(FieldFunction function) const {
   std::string result;
   for (const auto& field : fields_) result += ((*field).*function)();
   return result;
-}
-
-std::string MessageGenerator::Initializers(const std::string& base,
-                                           FieldFunction function) const {
-  std::string result = ": " + base;
-  for (const auto& field : fields_) {
-    std::string entry = ((*field).*function)();
-    if (entry.empty()) continue;
-    entry.pop_back();
-    result += ",\n  " + entry;
-  }
-  return result + " {\n";
 }
 
 std::vector<const Descriptor*> MessageGenerator::Dependencies() const {
@@ -82,56 +70,50 @@ bool MessageGenerator::HasScalars() const {
   });
 }
 
-std::string MessageGenerator::DefaultInstance() const {
-  return Substitute(
-      Combine(variables_,
-              {{"accessors",
-                ForFields(&FieldGenerator::InternalAccessorDeclaration)}}),
-      R"(
-      // Zeroed storage until its set-up.
-      class $Class$DefaultTypeInternal {
-       public:
-        ::google::protobuf::internal::ExplicitlyConstructed<$Class$> instance;
-      } $default_instance$;
+bool MessageGenerator::HasSubMessages() const {
+  return std::any_of(fields_.begin(), fields_.end(), [](const auto& field) {
+    return field->descriptor()->message_type() != nullptr &&
+           !field->descriptor()->is_repeated();
+  });
+}
 
+std::string MessageGenerator::DefaultInstance() const {
+  const std::string accessors =
+      ForFields(&FieldGenerator::InternalAccessorDeclaration);
+  const std::string internal_class =
+      accessors.empty()
+          ? ""
+          : Substitute(Combine(variables_, {{"accessors", accessors}}), R"(
       class $Class$::_Internal {
        public:
         $accessors$
       };
 
   )");
+  return Substitute(Combine(variables_, {{"internal_class", internal_class}}),
+                    R"(
+      // Zeroed storage until InitDefaults$scc_info$ is called.
+      class $Class$DefaultTypeInternal {
+       public:
+        ::google::protobuf::internal::ExplicitlyConstructed<$Class$> instance;
+      } $default_instance$;
+
+      $internal_class$
+  )");
 }
 
 std::string MessageGenerator::SccInfo() const {
   std::string dependencies;
   for (const Descriptor* dependency : Dependencies()) {
-    dependencies += "&" + SetUpRecordName(dependency) + ".base,\n";
+    dependencies += ", &" + SetUpRecordName(dependency);
   }
-  const size_t count = Dependencies().size();
   return Substitute(
-      Combine(
-          variables_,
-          {{"count", std::to_string(count)},
-           {"dependencies", dependencies.empty() ? "nullptr,\n" : dependencies},
-           {"link", count == 0 ? ""
-                               : QualifiedName(message_) +
-                                     "::InitAsDefaultInstance();\n"}}),
+      Combine(variables_, {{"count", std::to_string(Dependencies().size())},
+                           {"dependencies", dependencies}}),
       R"(
-      static void InitDefaults$set_up_record$() {
-        ::google::protobuf::internal::VerifyVersion(
-            GOOGLE_PROTOBUF_VERSION, GOOGLE_PROTOBUF_MIN_LIBRARY_VERSION, "$Stem$.pb");
-        void* const storage = &$Namespace$::$default_instance$;
-        new (storage) $QualifiedClass$();
-        ::google::protobuf::internal::OnShutdownDestroyMessage(storage);
-        $link$
-      }
+      static void InitDefaults$scc_info$() { ::vantiro::internal::InitDefaultInstance(&$Namespace$::$default_instance$, "$Stem$.pb"); }
 
-      ::vantiro::internal::SccInfo<$count$> $set_up_record$ = {
-          {{::vantiro::internal::SccInfoBase::kUninitialized}, $count$,
-           InitDefaults$set_up_record$},
-          {
-              $dependencies$
-          }};
+      ::vantiro::internal::SccInfo<$count$> $scc_info$(InitDefaults$scc_info$$dependencies$);
 
   )");
 }

@@ -41,18 +41,24 @@ class MessageGenerator {
 
   // What `function` returns for each field, in the order of field numbers.
   std::string ForFields(FieldFunction function) const;
-  // A constructor's initialiser list: `base`, then what `function` returns for
-  // each field.
-  std::string Initializers(const std::string& base,
-                           FieldFunction function) const;
+  // The function `head`, whose body is the lines `body`.
+  std::string Function(const std::string& head, const std::string& body) const;
 
   std::string NestedTypes() const;
   std::string FieldNumbers() const;
-  std::string ArenaDeclarations() const;
+  std::string ArenaOperations() const;
+  std::string ArenaMembers() const;
   std::string Members() const;
   std::string Scalars() const;
 
-  std::string Lifetime() const;
+  // Leaves an operation on `message` by `statement` if that is the default
+  // instance: it has no sub-messages, but pointers to default instances.
+  std::string IfDefaultInstance(const std::string& message,
+                                const std::string& statement) const;
+
+  std::string ExportedAccessors() const;
+  std::string Constructors() const;
+  std::string Destructor() const;
   std::string DefaultInstanceOperations() const;
   std::string ClearAndMerge() const;
   std::string Serialization() const;
@@ -72,6 +78,8 @@ class MessageGenerator {
   std::vector<const google::protobuf::Descriptor*> Dependencies() const;
   bool NeedsSccInfoCheck() const;
   bool HasScalars() const;
+  // Whether a field is a singular message.
+  bool HasSubMessages() const;
 
   const google::protobuf::Descriptor* const message_;
   const bool has_arenas_;

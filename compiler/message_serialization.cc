@@ -43,16 +43,13 @@ std::string AddSizes(const Fields& group) {
 }
 
 std::string WriteFloats(const Fields& run) {
-  std::string tags;
-  for (const FieldGenerator* field : run) {
-    tags += (tags.empty() ? "" : ", ") + field->tag_value();
-  }
-  return Substitute({{"tags", tags},
+  return Substitute({{"first_tag", run.front()->tag_value()},
+                     {"count", std::to_string(run.size())},
                      {"first", run.front()->name()},
                      {"last", run.back()->name()}},
                     R"(
       // $first$ to $last$
-      p = internal::WriteFloatFields<$tags$>(p, &scalars_.$first$);
+      p = internal::WriteFloatFields<$first_tag$, $count$>(p, &scalars_.$first$);
   )");
 }
 
@@ -97,8 +94,12 @@ std::string MessageGenerator::SizeFields() const {
 Fields MessageGenerator::FloatRun(size_t begin) const {
   Fields run;
   for (size_t i = begin; i < fields_.size() && run.size() < kMaxFloatRun; ++i) {
-    if (fields_[i]->size_kind() != "Float") break;
-    run.push_back(fields_[i].get());
+    const FieldGenerator& field = *fields_[i];
+    const bool is_next =
+        run.empty() ||
+        field.descriptor()->number() == run.back()->descriptor()->number() + 1;
+    if (field.size_kind() != "Float" || !is_next) break;
+    run.push_back(&field);
   }
   return run;
 }
@@ -147,37 +148,32 @@ std::string MessageGenerator::SerializeOneRun(const std::string& run,
 }
 
 std::string MessageGenerator::Serialization() const {
-  return Substitute(Combine(variables_, {{"byte_size", SizeFields()},
-                                         {"serialize", SerializeFields()}}),
-                    R"(
+  return Substitute(
+      Combine(variables_,
+              {{"return_size", IfDefaultInstance("this", "return 0;")},
+               {"return_p",
+                IfDefaultInstance("this", "return writer->EnsureSpace<0>(p);")},
+               {"byte_size", SizeFields()},
+               {"serialize", SerializeFields()}}),
+      R"(
       size_t $Class$::ByteSizeLong() const {
+        $return_size$
         size_t size = internal::UnknownFieldsSize(_internal_metadata_);
         $byte_size$
         SetCachedSize(static_cast<int>(size));
         return size;
       }
 
-      ::uint8_t* $Class$::_InternalSerializeFlat(::uint8_t* p,
-                                                 internal::Writer* writer) const {
+      ::uint8_t* $Class$::_InternalSerializeFlat(::uint8_t* p, internal::Writer* writer) const {
+        $return_p$
         $serialize$
         return internal::WriteUnknownFields(p, _internal_metadata_, writer);
       }
 
-      ::uint8_t* $Class$::_InternalSerialize(
-          ::uint8_t* target,
-          ::google::protobuf::io::EpsCopyOutputStream* stream) const {
-        internal::Writer writer(target, stream, GetCachedSize(),
-                             internal::Writer::Overflow::kDrop);
-        return writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer));
-      }
+      ::uint8_t* $Class$::_InternalSerialize(::uint8_t* target, ::google::protobuf::io::EpsCopyOutputStream* stream) const { return internal::SerializeToStream(*this, target, stream); }
 
-      void $Class$::SerializeWithCachedSizes(
-          ::google::protobuf::io::CodedOutputStream* output) const {
-        internal::Writer writer(output->Cur(), output->EpsCopy(), GetCachedSize(),
-                             internal::Writer::Overflow::kWrite);
-        output->SetCur(
-            writer.Finish(_InternalSerializeFlat(writer.Begin(), &writer)));
-      }
+      void $Class$::SerializeWithCachedSizes(::google::protobuf::io::CodedOutputStream* output) const { internal::SerializeToCodedStream(*this, output); }
+
   )");
 }
 

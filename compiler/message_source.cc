@@ -1,145 +1,156 @@
 // The code of a message that goes into the source.
 
+#include <algorithm>
+
 #include "compiler/message_generator.h"
 #include "compiler/names.h"
 
 namespace vantiro {
 namespace compiler {
-
 std::string MessageGenerator::Operations() const {
-  return "// " + message_->full_name() + "\n\n" +
-         ForFields(&FieldGenerator::NonInlineAccessorDefinitions) + "\n" +
-         Lifetime() + "\n" + DefaultInstanceOperations() + "\n" +
-         ClearAndMerge() + "\n" + Serialization() + "\n" + Parsing() + "\n" +
-         TypeInformation() + "\n";
+  return "// " + message_->full_name() + "\n\n" + ExportedAccessors() +
+         Constructors() + DefaultInstanceOperations() + ClearAndMerge() +
+         Serialization() + Parsing() + TypeInformation();
 }
 
-std::string MessageGenerator::Lifetime() const {
-  const std::string check =
+std::string MessageGenerator::ExportedAccessors() const {
+  const std::string accessors =
+      ForFields(&FieldGenerator::NonInlineAccessorDefinitions);
+  return accessors.empty() ? "" : accessors + "\n";
+}
+
+std::string MessageGenerator::Function(const std::string& head,
+                                       const std::string& body) const {
+  const auto line_count = std::count(body.begin(), body.end(), '\n');
+  if (line_count == 0) return Substitute(variables_, head + " {}");
+  if (line_count == 1) {
+    return Substitute(variables_,
+                      head + " { " + body.substr(0, body.size() - 1) + " }");
+  }
+  return Substitute(Combine(variables_, {{"body", body}}),
+                    head + " {\n  $body$\n}");
+}
+
+std::string MessageGenerator::IfDefaultInstance(
+    const std::string& message, const std::string& statement) const {
+  if (!HasSubMessages()) return "";
+  return "if (" + message + " == internal_default_instance()) " + statement +
+         "\n";
+}
+
+std::string MessageGenerator::Constructors() const {
+  const std::string init_scc =
       !NeedsSccInfoCheck() ? "" : Substitute(variables_, R"(
-      internal::InitScc(&$set_up_record$.base);
+      internal::InitScc(&$scc_info$);
   )");
-  const std::string construct = ForFields(&FieldGenerator::Construct);
-  const std::string base = "::google::protobuf::MessageLite";
+  const std::string construct =
+      init_scc + ForFields(&FieldGenerator::Construct);
   const std::string arena_constructor =
-      !has_arenas_
-          ? ""
-          : Substitute(
-                Combine(variables_,
-                        {{"initializers",
-                          Initializers(base + "(arena)",
-                                       &FieldGenerator::ArenaInitializer)},
-                         {"check", check},
-                         {"construct", construct}}),
-                R"(
-      $Class$::$Class$(::google::protobuf::Arena* arena)
-          $initializers$
-        $check$
-        $construct$
-      }
-  )");
-  const std::string children = ForFields(&FieldGenerator::DeleteChild);
-  const std::string delete_children =
-      children.empty() ? "" : Substitute({{"children", children}}, R"(
-      // The sub-messages of the default instance are default instances too.
-      if (this == internal_default_instance()) return;
-      $children$
-  )");
+      !has_arenas_ ? ""
+                   : Function(
+                         "$Class$::$Class$(::google::protobuf::Arena* arena) : "
+                         "::google::protobuf::MessageLite(arena)" +
+                             ForFields(&FieldGenerator::ArenaInitializer),
+                         construct);
+  const std::string merge_unknown_fields =
+      "_internal_metadata_.MergeFrom<::std::string>("
+      "from._internal_metadata_);\n";
+  const std::string copy_constructor = Function(
+      "$Class$::$Class$(const $Class$& from) : "
+      "::google::protobuf::MessageLite()" +
+          ForFields(&FieldGenerator::CopyInitializer) +
+          (HasScalars() ? ", scalars_(from.scalars_)" : ""),
+      merge_unknown_fields + ForFields(&FieldGenerator::CopyConstruct) +
+          IfDefaultInstance("&from", "return;") +
+          ForFields(&FieldGenerator::CopySubMessage));
+  return Function("$Class$::$Class$()", construct) + "\n" + arena_constructor +
+         (has_arenas_ ? "\n" : "") + copy_constructor + "\n" + Destructor();
+}
+
+std::string MessageGenerator::Destructor() const {
+  const std::string delete_messages =
+      IfDefaultInstance("this", "return;") +
+      ForFields(&FieldGenerator::DeleteSubMessage);
   return Substitute(
-      Combine(
-          variables_,
-          {{"check", check},
-           {"construct", construct},
-           {"arena_constructor", arena_constructor},
-           {"copy_initializers",
-            Initializers(base + "()", &FieldGenerator::CopyInitializer)},
-           {"copy", ForFields(&FieldGenerator::CopyConstruct)},
-           {"copy_scalars", HasScalars() ? "scalars_ = from.scalars_;\n" : ""},
-           {"destroy", ForFields(&FieldGenerator::Destroy)},
-           {"delete_children", delete_children}}),
+      Combine(variables_, {{"destroy", ForFields(&FieldGenerator::Destroy)},
+                           {"delete_messages", delete_messages}}),
       R"(
-      $Class$::$Class$() : ::google::protobuf::MessageLite() {
-        $check$
-        $construct$
-      }
-      $arena_constructor$
-
-      $Class$::$Class$(const $Class$& from)
-          $copy_initializers$
-        _internal_metadata_.MergeFrom<::std::string>(from._internal_metadata_);
-        $copy$
-        $copy_scalars$
-      }
-
       $Class$::~$Class$() {
         if (_internal_metadata_.DeleteReturnArena<::std::string>() != nullptr) return;
         $destroy$
-        $delete_children$
+        $delete_messages$
       }
+
   )");
 }
 
 std::string MessageGenerator::DefaultInstanceOperations() const {
-  const std::string link = ForFields(&FieldGenerator::InitAsDefaultInstance);
-  const std::string set_links =
-      link.empty() ? "" : Substitute(Combine(variables_, {{"link", link}}), R"(
+  const std::string set_messages =
+      ForFields(&FieldGenerator::InitAsDefaultInstance);
+  const std::string body =
+      set_messages.empty() ? "" : Substitute(variables_, R"(
+      // They are no sub-messages of it: all operations leave them out.
       auto* const instance = const_cast<$Class$*>(internal_default_instance());
-      $link$
-  )");
+  )") + set_messages;
   const std::string arena = !has_arenas_ ? "" : Substitute(variables_, R"(
-      ::google::protobuf::Arena* $Class$::GetArena() const {
-        return _internal_metadata_.user_arena();
-      }
+      ::google::protobuf::Arena* $Class$::GetArena() const { return _internal_metadata_.user_arena(); }
 
-      void* $Class$::GetMaybeArenaPointer() const {
-        return _internal_metadata_.raw_arena_ptr();
-      }
+      void* $Class$::GetMaybeArenaPointer() const { return _internal_metadata_.raw_arena_ptr(); }
 
       void $Class$::ArenaDtor(void* /*object*/) {}
 
   )");
   return Substitute(
-      Combine(variables_, {{"set_links", set_links}, {"arena", arena}}), R"(
+      Combine(
+          variables_,
+          {{"init", Function("void $Class$::InitAsDefaultInstance()", body)},
+           {"arena", arena}}),
+      R"(
       const $Class$& $Class$::default_instance() {
-        internal::InitScc(&$set_up_record$.base);
+        internal::InitScc(&$scc_info$);
         return *internal_default_instance();
       }
 
-      void $Class$::InitAsDefaultInstance() {
-        $set_links$
-      }
+      $init$
 
       $Class$* $Class$::New() const { return CreateMaybeMessage<$Class$>(nullptr); }
 
-      $Class$* $Class$::New(::google::protobuf::Arena* arena) const {
-        return CreateMaybeMessage<$Class$>(arena);
-      }
+      $Class$* $Class$::New(::google::protobuf::Arena* arena) const { return CreateMaybeMessage<$Class$>(arena); }
 
       $arena$
   )");
 }
 
 std::string MessageGenerator::ClearAndMerge() const {
+  const std::string arena = has_arenas_ && HasSubMessages()
+                                ? "::google::protobuf::Arena* const arena = "
+                                  "GetArenaForAllocation();\n"
+                                : "";
+  const std::string clear = arena + ForFields(&FieldGenerator::Clear) +
+                            (HasScalars() ? "scalars_ = Scalars();\n" : "") +
+                            "_internal_metadata_.Clear<::std::string>();\n";
+  const std::string merge =
+      IfDefaultInstance("&from", "return;") +
+      "_internal_metadata_.MergeFrom<::std::string>(from._internal_metadata_);"
+      "\n" +
+      arena + ForFields(&FieldGenerator::Merge);
+  const std::string swap =
+      "_internal_metadata_.Swap<::std::string>(&other->_internal_metadata_);"
+      "\n" +
+      ForFields(&FieldGenerator::Swap) +
+      (HasScalars() ? "::std::swap(scalars_, other->scalars_);\n" : "");
   return Substitute(
       Combine(
           variables_,
-          {{"clear", ForFields(&FieldGenerator::Clear)},
-           {"clear_scalars", HasScalars() ? "scalars_ = Scalars();\n" : ""},
-           {"merge", ForFields(&FieldGenerator::Merge)},
-           {"swap", ForFields(&FieldGenerator::Swap)},
-           {"swap_scalars",
-            HasScalars() ? "::std::swap(scalars_, other->scalars_);\n" : ""}}),
+          {{"clear", Function("void $Class$::Clear()", clear)},
+           {"merge",
+            Function("void $Class$::MergeFrom(const $Class$& from)", merge)},
+           {"swap",
+            Function("void $Class$::InternalSwap($Class$* other)", swap)}}),
       R"(
-      void $Class$::Clear() {
-        $clear$
-        $clear_scalars$
-        _internal_metadata_.Clear<::std::string>();
-      }
+      $clear$
 
-      void $Class$::MergeFrom(const $Class$& from) {
-        _internal_metadata_.MergeFrom<::std::string>(from._internal_metadata_);
-        $merge$
-      }
+      $merge$
 
       void $Class$::CopyFrom(const $Class$& from) {
         if (&from == this) return;
@@ -147,35 +158,24 @@ std::string MessageGenerator::ClearAndMerge() const {
         MergeFrom(from);
       }
 
-      void $Class$::CheckTypeAndMergeFrom(const ::google::protobuf::MessageLite& from) {
-        MergeFrom(static_cast<const $Class$&>(from));
-      }
+      void $Class$::CheckTypeAndMergeFrom(const ::google::protobuf::MessageLite& from) { internal::MergeUnchecked(from, this); }
 
-      void $Class$::InternalSwap($Class$* other) {
-        _internal_metadata_.Swap<::std::string>(&other->_internal_metadata_);
-        $swap$
-        $swap_scalars$
-      }
+      $swap$
+
   )");
 }
 
 std::string MessageGenerator::Parsing() const {
   return Substitute(
       Combine(variables_, {{"fields", ForFields(&FieldGenerator::Parse)}}), R"(
-      const ::uint8_t* $Class$::_InternalParseFlat(::google::protobuf::MessageLite* message,
-                                                   const ::uint8_t* p,
-                                                   const ::uint8_t* end,
-                                                   internal::ParseState* state) {
+      const ::uint8_t* $Class$::_InternalParseFlat(::google::protobuf::MessageLite* message, const ::uint8_t* p, const ::uint8_t* end, internal::ParseState* state) {
         auto* const self = static_cast<$Class$*>(message);
         internal::RawTag tag = $PeekTag$(p, end);
-        // Records are written in the order of field numbers, so each field is
-        // followed by the next. Fields in another order need another iteration.
         while (p != end) {
           const ::uint8_t* const start = p;
           $fields$
           if (p != start) continue;
-          const internal::NextTag next = internal::HandleUnexpectedTag(
-              p, end, tag, &self->_internal_metadata_, state);
+          const internal::NextTag next = internal::HandleUnexpectedTag(p, end, tag, &self->_internal_metadata_, state);
           if (next.p == nullptr || state->ended_at_invalid_tag) return next.p;
           p = next.p;
           tag = next.tag;
@@ -183,15 +183,10 @@ std::string MessageGenerator::Parsing() const {
         return p;
       }
 
-      const char* $Class$::_InternalParse(
-          const char* p, ::google::protobuf::internal::ParseContext* context) {
-        return internal::ParseFromContext(this, &_InternalParseFlat, p, context);
-      }
+      const char* $Class$::_InternalParse(const char* p, ::google::protobuf::internal::ParseContext* context) { return internal::ParseFromContext(this, &_InternalParseFlat, p, context); }
 
-      bool $Class$::MergePartialFromCodedStream(
-          ::google::protobuf::io::CodedInputStream* input) {
-        return internal::MergeFromCodedStream(this, &_InternalParseFlat, input);
-      }
+      bool $Class$::MergePartialFromCodedStream(::google::protobuf::io::CodedInputStream* input) { return internal::MergeFromCodedStream(this, &_InternalParseFlat, input); }
+
   )");
 }
 
@@ -204,6 +199,7 @@ std::string MessageGenerator::TypeInformation() const {
       int $Class$::GetCachedSize() const { return _cached_size_.Get(); }
 
       void $Class$::SetCachedSize(int size) const { _cached_size_.Set(size); }
+
   )");
 }
 
@@ -215,9 +211,8 @@ std::string MessageGenerator::CreationDefinition() const {
               {{"Create", has_arenas_ ? "CreateMessageInternal" : "Create"}}),
       R"(
       template <>
-      $QualifiedClass$*
-      Arena::CreateMaybeMessage<$QualifiedClass$>(Arena* arena) {
-        return Arena::$Create$<$QualifiedClass$>(arena);
+      $QualifiedClass$* Arena::CreateMaybeMessage(Arena* arena) {
+        return $Create$<$QualifiedClass$>(arena);
       }
   )");
 }

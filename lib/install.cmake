@@ -15,6 +15,13 @@ foreach(stem IN LISTS VANTIRO_UNITS)
     DESTINATION "${CMAKE_INSTALL_DATADIR}/vantiro-protos/schema" COMPONENT dev)
 endforeach()
 
+# What the emitted headers include.
+if(VANTIRO_CLASSES STREQUAL "plugin")
+  install(FILES internal/accessors.h internal/message_access.h
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/vantiro-protos/internal"
+    COMPONENT dev)
+endif()
+
 # The schema for programs that read records without the classes.
 install(FILES "${VANTIRO_DESCRIPTOR_SET}"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/vantiro-protos" COMPONENT dev)

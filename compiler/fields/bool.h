@@ -13,16 +13,14 @@ namespace compiler {
 class BoolFieldGenerator : public ScalarFieldGenerator {
  public:
   explicit BoolFieldGenerator(const google::protobuf::FieldDescriptor* field)
-      : ScalarFieldGenerator(field, "bool", "bool") {}
+      : ScalarFieldGenerator(field, "Bool", "bool", "bool") {}
 
-  std::string Parse() const override;
   int scalar_width() const override { return 1; }
   std::string size_kind() const override { return "Bool"; }
   int max_encoded_size() const override { return tag_size() + 1; }
 
  protected:
   std::string ValueSize() const override { return "1"; }
-  std::string WriteFunction() const override { return "WriteBoolField"; }
 };
 
 }  // namespace compiler

@@ -3,6 +3,7 @@
 #include <google/protobuf/stubs/strutil.h>
 #include <google/protobuf/wire_format_lite.h>
 
+#include "compiler/doc_comment.h"
 #include "compiler/names.h"
 
 namespace vantiro {
@@ -13,19 +14,17 @@ using google::protobuf::FieldDescriptor;
 using google::protobuf::internal::WireFormatLite;
 
 std::string TypeInSchema(const FieldDescriptor* field) {
-  if (field->message_type() != nullptr) {
-    return "." + field->message_type()->full_name();
-  }
-  if (field->enum_type() != nullptr) {
-    return "." + field->enum_type()->full_name();
-  }
+  if (field->message_type() != nullptr)
+    return field->message_type()->full_name();
+  if (field->enum_type() != nullptr) return field->enum_type()->full_name();
   return field->type_name();
 }
 
+// The field as in the schema.
 std::string Declaration(const FieldDescriptor* field) {
   return std::string(field->is_repeated() ? "repeated " : "") +
          TypeInSchema(field) + " " + field->name() + " = " +
-         std::to_string(field->number());
+         std::to_string(field->number()) + ";";
 }
 
 // The tag that the field is written with: the packed one for a repeated scalar.
@@ -43,12 +42,22 @@ FieldGenerator::FieldGenerator(const FieldDescriptor* field)
     : field_(field),
       variables_({{"Class", ClassName(field->containing_type())},
                   {"name", field->name()},
-                  {"Number", FieldNumberName(field)},
-                  {"declaration", Declaration(field)},
                   {"tag", RawTagText(Tag(field))},
                   {"tag_value", std::to_string(Tag(field))},
                   {"tag_size", Tag(field) < 0x80 ? "1" : "2"},
                   {"PeekTag", PeekFunction(field->containing_type())}}) {}
+
+std::string FieldGenerator::PublicMembers() const {
+  return Substitute({{"comment", DocComment(field_)},
+                     {"declaration", Declaration(field_)},
+                     {"accessors", AccessorDeclarations()}},
+                    R"(
+
+      $comment$
+      // $declaration$
+      $accessors$
+  )");
+}
 
 std::string FieldGenerator::ParseWhenTag(const std::string& read) const {
   return Substitute(

@@ -28,13 +28,16 @@ class FieldGenerator {
   const std::string& tag_value() const { return variables_.at("tag_value"); }
   int tag_size() const { return variables_.at("tag_size") == "1" ? 1 : 2; }
 
-  // The header: members, accessors in the class, accessors behind it.
+  // The header, in the class: the accessors with the field's comment and its
+  // declaration in the schema; the members. Accessors that need the class of a
+  // sub-message are only declared in the class and defined after all classes.
   //
   // A scalar is a member of the class's struct Scalars, which is cleared,
   // copied and swapped as one.
-  virtual std::string Member() const = 0;
+  std::string PublicMembers() const;
   virtual std::string AccessorDeclarations() const = 0;
-  virtual std::string InlineAccessorDefinitions() const = 0;
+  virtual std::string InlineAccessorDefinitions() const { return ""; }
+  virtual std::string Member() const = 0;
 
   // The source: accessors that the library exports, and the field's accessor in
   // the class _Internal.
@@ -46,8 +49,9 @@ class FieldGenerator {
   virtual std::string InitAsDefaultInstance() const { return ""; }
   virtual std::string Construct() const { return ""; }
   virtual std::string CopyConstruct() const { return ""; }
+  virtual std::string CopySubMessage() const { return ""; }
   virtual std::string Destroy() const { return ""; }
-  virtual std::string DeleteChild() const { return ""; }
+  virtual std::string DeleteSubMessage() const { return ""; }
   virtual std::string Clear() const { return ""; }
   virtual std::string Merge() const = 0;
   virtual std::string Swap() const { return ""; }
@@ -55,7 +59,7 @@ class FieldGenerator {
   virtual std::string Serialize() const = 0;
   virtual std::string Parse() const = 0;
 
-  // Entries in the initialiser lists of the constructors.
+  // Entries in the initialiser lists of the constructors, each after a comma.
   virtual std::string ArenaInitializer() const { return ""; }
   virtual std::string CopyInitializer() const { return ""; }
 
@@ -69,9 +73,8 @@ class FieldGenerator {
   virtual int max_encoded_size() const { return 0; }
 
  protected:
-  // The variables that all kinds have: $Class$, $name$, $Number$ (the
-  // constant), $declaration$ (as in the schema), $tag$ (raw, in hexadecimal),
-  // $tag_value$, $tag_size$, $PeekTag$.
+  // The variables that all kinds have: $Class$, $name$, $tag$ (raw, in
+  // hexadecimal), $tag_value$, $tag_size$, $PeekTag$.
   const Variables& variables() const { return variables_; }
   void AddVariables(const Variables& more) {
     variables_ = Combine(variables_, more);

@@ -15,9 +15,8 @@ namespace compiler {
 class FloatFieldGenerator : public ScalarFieldGenerator {
  public:
   explicit FloatFieldGenerator(const google::protobuf::FieldDescriptor* field)
-      : ScalarFieldGenerator(field, "float", "float") {}
+      : ScalarFieldGenerator(field, "Float", "float", "float") {}
 
-  std::string Parse() const override;
   int scalar_width() const override { return 4; }
   std::string size_kind() const override { return "Float"; }
   int max_encoded_size() const override { return tag_size() + 4; }
@@ -27,7 +26,6 @@ class FloatFieldGenerator : public ScalarFieldGenerator {
     return "internal::IsNonZero(" + value + ")";
   }
   std::string ValueSize() const override { return "4"; }
-  std::string WriteFunction() const override { return "WriteFloatField"; }
 };
 
 }  // namespace compiler

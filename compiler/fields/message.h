@@ -24,8 +24,8 @@ class MessageFieldGenerator : public FieldGenerator {
   std::string NonInlineAccessorDefinitions() const override;
   std::string InternalAccessorDeclaration() const override;
   std::string InitAsDefaultInstance() const override;
-  std::string CopyConstruct() const override;
-  std::string DeleteChild() const override;
+  std::string CopySubMessage() const override;
+  std::string DeleteSubMessage() const override;
   std::string Clear() const override;
   std::string Merge() const override;
   std::string Swap() const override;
@@ -35,7 +35,6 @@ class MessageFieldGenerator : public FieldGenerator {
 
  private:
   std::string ClearDefinition() const;
-  std::string AdoptValue() const;
 
   const bool has_arenas_;
   // The sub-type comes from another unit; clear_<field> is then exported.

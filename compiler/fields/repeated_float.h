@@ -20,8 +20,7 @@ class RepeatedFloatFieldGenerator : public RepeatedScalarFieldGenerator {
  protected:
   std::string PayloadSize() const override;
   std::string WriteFunction() const override;
-  std::string ReadPackedFunction() const override;
-  std::string ReadUnpackedFunction() const override;
+  std::string ReadFunction() const override;
 };
 
 }  // namespace compiler

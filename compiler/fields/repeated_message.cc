@@ -1,6 +1,6 @@
 #include "compiler/fields/repeated_message.h"
 
-#include "compiler/names.h"
+#include "compiler/type_name.h"
 
 namespace vantiro {
 namespace compiler {
@@ -11,11 +11,11 @@ RepeatedMessageFieldGenerator::RepeatedMessageFieldGenerator(
     const FieldDescriptor* field)
     : FieldGenerator(field),
       is_foreign_(field->message_type()->file() != field->file()) {
-  const std::string sub = QualifiedName(field->message_type());
-  AddVariables(
-      {{"Sub", sub},
-       {"Repeated", "::google::protobuf::RepeatedPtrField<" + sub + ">"},
-       {"inline", is_foreign_ ? "" : "inline "}});
+  AddVariables({{"Sub", TypeName(field)},
+                {"SubInClass", TypeNameInClass(field)},
+                {"Repeated", "::google::protobuf::RepeatedPtrField<" +
+                                 TypeNameInClass(field) + ">"},
+                {"inline", is_foreign_ ? "" : "inline "}});
 }
 
 std::string RepeatedMessageFieldGenerator::Member() const {
@@ -26,14 +26,13 @@ std::string RepeatedMessageFieldGenerator::Member() const {
 
 std::string RepeatedMessageFieldGenerator::AccessorDeclarations() const {
   return Substitute(variables(), R"(
-      // $declaration$
-      int $name$_size() const;
+      int $name$_size() const { return $name$_.size(); }
       void clear_$name$();
-      const $Sub$& $name$(int index) const;
-      $Sub$* mutable_$name$(int index);
-      $Sub$* add_$name$();
-      const $Repeated$& $name$() const;
-      $Repeated$* mutable_$name$();
+      const $SubInClass$& $name$(int index) const { return $name$_.Get(index); }
+      $SubInClass$* mutable_$name$(int index) { return $name$_.Mutable(index); }
+      $SubInClass$* add_$name$();
+      const $Repeated$& $name$() const { return $name$_; }
+      $Repeated$* mutable_$name$() { return &$name$_; }
   )");
 }
 
@@ -47,17 +46,8 @@ std::string RepeatedMessageFieldGenerator::InlineAccessorDefinitions() const {
   return Substitute(
       Combine(variables(), {{"clear", is_foreign_ ? "" : ClearDefinition()}}),
       R"(
-      inline int $Class$::$name$_size() const { return $name$_.size(); }
       $clear$
-      inline const $Sub$& $Class$::$name$(int index) const {
-        return $name$_.Get(index);
-      }
-      inline $Sub$* $Class$::mutable_$name$(int index) {
-        return $name$_.Mutable(index);
-      }
       inline $Sub$* $Class$::add_$name$() { return $name$_.Add(); }
-      inline const $Repeated$& $Class$::$name$() const { return $name$_; }
-      inline $Repeated$* $Class$::mutable_$name$() { return &$name$_; }
   )");
 }
 
@@ -86,37 +76,28 @@ std::string RepeatedMessageFieldGenerator::Swap() const {
 
 std::string RepeatedMessageFieldGenerator::ByteSize() const {
   return Substitute(variables(), R"(
-      size += $tag_size$ * static_cast<size_t>($name$_.size());
-      for (const $Sub$& element : $name$_) {
-        size += internal::WithLength(element.ByteSizeLong());
-      }
+      size += internal::RepeatedMessageSize<$tag_size$>($name$_);
   )");
 }
 
 std::string RepeatedMessageFieldGenerator::Serialize() const {
   return Substitute(variables(), R"(
-      for (const $Sub$& element : $name$_) {
-        p = internal::WriteMessage<$tag_value$>(p, element, writer);
-      }
+      p = internal::WriteRepeatedMessage<$tag_value$>(p, $name$_, writer);
   )");
 }
 
 std::string RepeatedMessageFieldGenerator::Parse() const {
   return ParseWhenTag("internal::ReadMessage(p + " +
-                      variables().at("tag_size") + ", end, self->" +
-                      descriptor()->name() + "_.Add(), state)");
+                      variables().at("tag_size") + ", end, self->" + name() +
+                      "_.Add(), state)");
 }
 
 std::string RepeatedMessageFieldGenerator::ArenaInitializer() const {
-  return Substitute(variables(), R"(
-      $name$_(arena)
-  )");
+  return ", " + name() + "_(arena)";
 }
 
 std::string RepeatedMessageFieldGenerator::CopyInitializer() const {
-  return Substitute(variables(), R"(
-      $name$_(from.$name$_)
-  )");
+  return ", " + name() + "_(from." + name() + "_)";
 }
 
 }  // namespace compiler

@@ -35,31 +35,14 @@ std::string RepeatedScalarFieldGenerator::Member() const {
 }
 
 std::string RepeatedScalarFieldGenerator::AccessorDeclarations() const {
-  return Substitute(variables(), R"(
-      // $declaration$
-      int $name$_size() const;
-      void clear_$name$();
-      $type$ $name$(int index) const;
-      void set_$name$(int index, $type$ value);
-      void add_$name$($type$ value);
-      const $Repeated$& $name$() const;
-      $Repeated$* mutable_$name$();
-  )");
-}
-
-std::string RepeatedScalarFieldGenerator::InlineAccessorDefinitions() const {
-  return Substitute(variables(), R"(
-      inline int $Class$::$name$_size() const { return $name$_.size(); }
-      inline void $Class$::clear_$name$() { $name$_.Clear(); }
-      inline $type$ $Class$::$name$(int index) const {
-        return static_cast<$type$>($name$_.Get(index));
-      }
-      inline void $Class$::set_$name$(int index, $type$ value) {
-        $name$_.Set(index, value);
-      }
-      inline void $Class$::add_$name$($type$ value) { $name$_.Add(value); }
-      inline const $Repeated$& $Class$::$name$() const { return $name$_; }
-      inline $Repeated$* $Class$::mutable_$name$() { return &$name$_; }
+  return Substitute(Combine(variables(), {{"value", ElementToGet()}}), R"(
+      int $name$_size() const { return $name$_.size(); }
+      void clear_$name$() { $name$_.Clear(); }
+      $type$ $name$(int index) const { return $value$; }
+      void set_$name$(int index, $type$ value) { $name$_.Set(index, value); }
+      void add_$name$($type$ value) { $name$_.Add(value); }
+      const $Repeated$& $name$() const { return $name$_; }
+      $Repeated$* mutable_$name$() { return &$name$_; }
   )");
 }
 
@@ -83,33 +66,20 @@ std::string RepeatedScalarFieldGenerator::Swap() const {
 
 std::string RepeatedScalarFieldGenerator::ByteSize() const {
   return Substitute(Combine(variables(), {{"payload_size", PayloadSize()}}), R"(
-      {
-        const size_t payload_size = $payload_size$;
-        if (payload_size > 0) {
-          size += $tag_size$ + internal::WithLength(payload_size);
-        }
-        _$name$_cached_byte_size_.Set(static_cast<int>(payload_size));
-      }
+      size += internal::PackedSize<$tag_size$>($payload_size$, &_$name$_cached_byte_size_);
   )");
 }
 
 std::string RepeatedScalarFieldGenerator::Serialize() const {
   return Substitute(Combine(variables(), {{"Write", WriteFunction()}}), R"(
-      if (!$name$_.empty()) {
-        p = $Write$(p, $name$_, _$name$_cached_byte_size_.Get(), writer);
-      }
+      p = $Write$(p, $name$_, _$name$_cached_byte_size_.Get(), writer);
   )");
 }
 
 std::string RepeatedScalarFieldGenerator::Parse() const {
-  return Substitute(
-      Combine(variables(), {{"ReadPacked", ReadPackedFunction()},
-                            {"ReadUnpacked", ReadUnpackedFunction()}}),
-      R"(
+  return Substitute(Combine(variables(), {{"Read", ReadFunction()}}), R"(
       while (tag == $tag$ || tag == $unpacked_tag$) {  // $name$
-        p = tag == $tag$
-                ? $ReadPacked$(p + $tag_size$, end, *state, &self->$name$_)
-                : $ReadUnpacked$(p + $tag_size$, end, $tag$, *state, &self->$name$_);
+        p = $Read$(p + $tag_size$, end, tag, $tag$, *state, &self->$name$_);
         if (p == nullptr) return nullptr;
         tag = $PeekTag$(p, end);
       }
@@ -117,15 +87,11 @@ std::string RepeatedScalarFieldGenerator::Parse() const {
 }
 
 std::string RepeatedScalarFieldGenerator::ArenaInitializer() const {
-  return Substitute(variables(), R"(
-      $name$_(arena)
-  )");
+  return ", " + name() + "_(arena)";
 }
 
 std::string RepeatedScalarFieldGenerator::CopyInitializer() const {
-  return Substitute(variables(), R"(
-      $name$_(from.$name$_)
-  )");
+  return ", " + name() + "_(from." + name() + "_)";
 }
 
 }  // namespace compiler

@@ -22,7 +22,6 @@ class RepeatedScalarFieldGenerator : public FieldGenerator {
 
   std::string Member() const override;
   std::string AccessorDeclarations() const override;
-  std::string InlineAccessorDefinitions() const override;
   std::string Clear() const override;
   std::string Merge() const override;
   std::string Swap() const override;
@@ -33,13 +32,13 @@ class RepeatedScalarFieldGenerator : public FieldGenerator {
   std::string CopyInitializer() const override;
 
  protected:
+  // The expression that the accessor of an element returns.
+  virtual std::string ElementToGet() const { return name() + "_.Get(index)"; }
   // An expression for the payload's size.
   virtual std::string PayloadSize() const = 0;
-  // The functions of lib/internal that write the packed field and read it, or
-  // read an unpacked element.
+  // The functions of lib/internal that write and read the field.
   virtual std::string WriteFunction() const = 0;
-  virtual std::string ReadPackedFunction() const = 0;
-  virtual std::string ReadUnpackedFunction() const = 0;
+  virtual std::string ReadFunction() const = 0;
 };
 
 }  // namespace compiler

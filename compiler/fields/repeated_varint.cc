@@ -1,7 +1,16 @@
 #include "compiler/fields/repeated_varint.h"
 
+#include "compiler/type_name.h"
+
 namespace vantiro {
 namespace compiler {
+
+std::string RepeatedVarintFieldGenerator::ElementToGet() const {
+  const std::string value = RepeatedScalarFieldGenerator::ElementToGet();
+  return descriptor()->enum_type() == nullptr
+             ? value
+             : "static_cast<" + TypeName(descriptor()) + ">(" + value + ")";
+}
 
 std::string RepeatedVarintFieldGenerator::PayloadSize() const {
   const std::string size_kind = kind_.size_kind;
@@ -16,13 +25,8 @@ std::string RepeatedVarintFieldGenerator::WriteFunction() const {
          ", internal::" + kind_.name + ">";
 }
 
-std::string RepeatedVarintFieldGenerator::ReadPackedFunction() const {
-  return std::string("internal::ReadPackedVarints<internal::") + kind_.name +
-         ">";
-}
-
-std::string RepeatedVarintFieldGenerator::ReadUnpackedFunction() const {
-  return std::string("internal::ReadUnpackedVarint<internal::") + kind_.name +
+std::string RepeatedVarintFieldGenerator::ReadFunction() const {
+  return std::string("internal::ReadRepeatedVarint<internal::") + kind_.name +
          ">";
 }
 
@@ -31,7 +35,7 @@ std::string RepeatedBoolFieldGenerator::WriteFunction() const {
 }
 
 std::string RepeatedBoolFieldGenerator::PayloadSize() const {
-  return "static_cast<size_t>(" + descriptor()->name() + "_.size())";
+  return "static_cast<size_t>(" + name() + "_.size())";
 }
 
 }  // namespace compiler

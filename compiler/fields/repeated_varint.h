@@ -20,10 +20,10 @@ class RepeatedVarintFieldGenerator : public RepeatedScalarFieldGenerator {
         kind_(kind) {}
 
  protected:
+  std::string ElementToGet() const override;
   std::string PayloadSize() const override;
   std::string WriteFunction() const override;
-  std::string ReadPackedFunction() const override;
-  std::string ReadUnpackedFunction() const override;
+  std::string ReadFunction() const override;
 
  private:
   const VarintKind kind_;

@@ -4,10 +4,18 @@ namespace vantiro {
 namespace compiler {
 
 ScalarFieldGenerator::ScalarFieldGenerator(
-    const google::protobuf::FieldDescriptor* field, const std::string& type,
-    const std::string& stored_type)
+    const google::protobuf::FieldDescriptor* field, const std::string& kind,
+    const std::string& type, const std::string& stored_type)
     : FieldGenerator(field) {
-  AddVariables({{"type", type}, {"stored_type", stored_type}});
+  AddVariables({{"Kind", kind}, {"type", type}, {"stored_type", stored_type}});
+}
+
+std::string ScalarFieldGenerator::AccessorDeclarations() const {
+  return Substitute(Combine(variables(), {{"value", ValueToGet()}}), R"(
+      void clear_$name$() { scalars_.$name$ = {}; }
+      $type$ $name$() const { return $value$; }
+      void set_$name$($type$ value) { scalars_.$name$ = value; }
+  )");
 }
 
 std::string ScalarFieldGenerator::Member() const {
@@ -16,49 +24,36 @@ std::string ScalarFieldGenerator::Member() const {
   )");
 }
 
-std::string ScalarFieldGenerator::AccessorDeclarations() const {
-  return Substitute(variables(), R"(
-      // $declaration$
-      void clear_$name$();
-      $type$ $name$() const;
-      void set_$name$($type$ value);
-  )");
-}
-
-std::string ScalarFieldGenerator::InlineAccessorDefinitions() const {
-  return Substitute(variables(), R"(
-      inline void $Class$::clear_$name$() { scalars_.$name$ = {}; }
-      inline $type$ $Class$::$name$() const {
-        return static_cast<$type$>(scalars_.$name$);
-      }
-      inline void $Class$::set_$name$($type$ value) { scalars_.$name$ = value; }
-  )");
-}
-
 std::string ScalarFieldGenerator::Merge() const {
-  return Substitute(
-      Combine(variables(), {{"is_non_zero", IsNonZero("from.scalars_." +
-                                                      descriptor()->name())}}),
-      R"(
-      if ($is_non_zero$) scalars_.$name$ = from.scalars_.$name$;
+  return Substitute(variables(), R"(
+      internal::MergeScalar(from.scalars_.$name$, &scalars_.$name$);
   )");
 }
 
 std::string ScalarFieldGenerator::ByteSize() const {
   return Substitute(
-      Combine(variables(),
-              {{"is_non_zero", IsNonZero("scalars_." + descriptor()->name())},
-               {"value_size", ValueSize()}}),
+      Combine(variables(), {{"is_non_zero", IsNonZero("scalars_." + name())},
+                            {"value_size", ValueSize()}}),
       R"(
-      if ($is_non_zero$) size += $tag_size$ + $value_size$;
+      if ($is_non_zero$) {
+        size += $tag_size$ + $value_size$;
+      }
   )");
 }
 
 std::string ScalarFieldGenerator::Serialize() const {
-  return Substitute(Combine(variables(), {{"WriteField", WriteFunction()},
-                                          {"value", ValueToWrite()}}),
-                    R"(
-      p = internal::$WriteField$<$tag_value$>(p, $value$);
+  return Substitute(variables(), R"(
+      p = internal::Write$Kind$Field<$tag_value$>(p, scalars_.$name$);
+  )");
+}
+
+std::string ScalarFieldGenerator::Parse() const {
+  return Substitute(variables(), R"(
+      if (tag == $tag$) {  // $name$
+        p = internal::Read$Kind$(p + $tag_size$, end, &self->scalars_.$name$);
+        if (p == nullptr) return nullptr;
+        tag = $PeekTag$(p, end);
+      }
   )");
 }
 

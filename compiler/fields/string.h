@@ -21,7 +21,6 @@ class StringFieldGenerator : public FieldGenerator {
 
   std::string Member() const override;
   std::string AccessorDeclarations() const override;
-  std::string InlineAccessorDefinitions() const override;
   std::string Construct() const override;
   std::string CopyConstruct() const override;
   std::string Destroy() const override;
@@ -33,9 +32,6 @@ class StringFieldGenerator : public FieldGenerator {
   std::string Parse() const override;
 
  private:
-  std::string UnsafeArenaDeclarations() const;
-  std::string UnsafeArenaDefinitions() const;
-
   const Kind kind_;
   const bool has_arenas_;
 };

@@ -1,30 +1,25 @@
 #include "compiler/fields/varint.h"
 
-#include "compiler/names.h"
+#include "compiler/type_name.h"
 
 namespace vantiro {
 namespace compiler {
 
 std::string VarintAccessorType(const google::protobuf::FieldDescriptor* field,
                                const VarintKind& kind) {
-  return field->enum_type() == nullptr ? kind.stored_type
-                                       : QualifiedName(field->enum_type());
+  return field->enum_type() == nullptr ? kind.stored_type : TypeName(field);
+}
+
+std::string VarintFieldGenerator::ValueToGet() const {
+  const std::string value = ScalarFieldGenerator::ValueToGet();
+  return descriptor()->enum_type() == nullptr
+             ? value
+             : "static_cast<" + TypeName(descriptor()) + ">(" + value + ")";
 }
 
 std::string VarintFieldGenerator::ValueSize() const {
   return std::string("WireFormatLite::") + kind_.name + "Size(scalars_." +
-         descriptor()->name() + ")";
-}
-
-std::string VarintFieldGenerator::ValueToWrite() const {
-  return std::string("internal::") + kind_.name + "::ToVarint(" +
-         ScalarFieldGenerator::ValueToWrite() + ")";
-}
-
-std::string VarintFieldGenerator::Parse() const {
-  return ParseWhenTag(std::string("internal::ReadVarintField<internal::") +
-                      kind_.name + ">(p + " + variables().at("tag_size") +
-                      ", end, &self->scalars_." + descriptor()->name() + ")");
+         name() + ")";
 }
 
 }  // namespace compiler

@@ -38,11 +38,10 @@ class VarintFieldGenerator : public ScalarFieldGenerator {
  public:
   VarintFieldGenerator(const google::protobuf::FieldDescriptor* field,
                        const VarintKind& kind)
-      : ScalarFieldGenerator(field, VarintAccessorType(field, kind),
+      : ScalarFieldGenerator(field, kind.name, VarintAccessorType(field, kind),
                              kind.stored_type),
         kind_(kind) {}
 
-  std::string Parse() const override;
   int scalar_width() const override { return kind_.width; }
   std::string size_kind() const override { return kind_.size_kind; }
   int max_encoded_size() const override {
@@ -50,9 +49,8 @@ class VarintFieldGenerator : public ScalarFieldGenerator {
   }
 
  protected:
+  std::string ValueToGet() const override;
   std::string ValueSize() const override;
-  std::string WriteFunction() const override { return "WriteVarintField"; }
-  std::string ValueToWrite() const override;
 
  private:
   const VarintKind kind_;

@@ -8,12 +8,14 @@
 #ifndef VANTIRO_LIB_INTERNAL_ENCODED_SIZE_H_
 #define VANTIRO_LIB_INTERNAL_ENCODED_SIZE_H_
 
+#include <google/protobuf/generated_message_util.h>
 #include <google/protobuf/message_lite.h>
 #include <google/protobuf/repeated_field.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <utility>
 
 #include "internal/four.h"
@@ -130,6 +132,35 @@ inline size_t WithLength(size_t size) {
   if (__builtin_expect_with_probability(size < 0x80, 1, 0.6)) return size + 1;
   if (size < 0x4000) return size + 2;
   return size + (size < 0x200000 ? 3 : size < 0x10000000 ? 4 : 5);
+}
+
+// The same with the tag.
+
+template <size_t kTagSize>
+size_t StringSize(const std::string& value) {
+  return kTagSize + WithLength(value.size());
+}
+
+// 0 for an absent message.
+template <size_t kTagSize, typename T>
+size_t MessageSize(const T* message) {
+  return message == nullptr ? 0
+                            : kTagSize + WithLength(message->ByteSizeLong());
+}
+
+template <size_t kTagSize, typename T>
+size_t RepeatedMessageSize(const google::protobuf::RepeatedPtrField<T>& field) {
+  size_t size = 0;
+  for (const T& element : field) size += MessageSize<kTagSize>(&element);
+  return size;
+}
+
+// Stores the size of the payload for the writer.
+template <size_t kTagSize>
+size_t PackedSize(size_t payload_size,
+                  google::protobuf::internal::CachedSize* cached_size) {
+  cached_size->Set(static_cast<int>(payload_size));
+  return payload_size == 0 ? 0 : kTagSize + WithLength(payload_size);
 }
 
 // The sizes of packed runs without their lengths.

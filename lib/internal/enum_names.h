@@ -46,6 +46,15 @@ const std::string& FindEnumName(const EnumTables& tables, int value);
 bool FindEnumValue(const EnumTables& tables, const std::string& name,
                    int* value);
 
+// The same for a value of the enum's type.
+template <typename Enum>
+bool ParseEnum(const EnumTables& tables, const std::string& name, Enum* value) {
+  int number;
+  if (!FindEnumValue(tables, name, &number)) return false;
+  *value = static_cast<Enum>(number);
+  return true;
+}
+
 }  // namespace internal
 }  // namespace vantiro
 

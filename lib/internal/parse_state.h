@@ -36,6 +36,10 @@ struct ParseState {
 // tag that ended the parse (ParseState::ended_at_invalid_tag); or null on
 // failure. Reads nothing outside [p, end). What was read before a failure stays
 // in the message.
+//
+// Records are written in the order of field numbers, so emitted parsers look
+// for each field after the one before it. Fields in another order need another
+// iteration of their loop.
 using FlatParser = const uint8_t* (*)(google::protobuf::MessageLite* message,
                                       const uint8_t* p, const uint8_t* end,
                                       ParseState* state);

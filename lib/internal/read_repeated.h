@@ -138,6 +138,26 @@ const uint8_t* ReadUnpackedFloat(const uint8_t* p, const uint8_t* end,
                                  RawTag packed_tag, const ParseState& state,
                                  RepeatedField<float>* field);
 
+// Read a repeated field at its packed or its unpacked tag.
+
+template <typename Kind>
+const uint8_t* ReadRepeatedVarint(
+    const uint8_t* p, const uint8_t* end, RawTag tag, RawTag packed_tag,
+    const ParseState& state,
+    google::protobuf::RepeatedField<typename Kind::Type>* field) {
+  return tag == packed_tag
+             ? ReadPackedVarints<Kind>(p, end, state, field)
+             : ReadUnpackedVarint<Kind>(p, end, packed_tag, state, field);
+}
+
+inline const uint8_t* ReadRepeatedFloat(
+    const uint8_t* p, const uint8_t* end, RawTag tag, RawTag packed_tag,
+    const ParseState& state, google::protobuf::RepeatedField<float>* field) {
+  return tag == packed_tag
+             ? ReadPackedFloats(p, end, state, field)
+             : ReadUnpackedFloat(p, end, packed_tag, state, field);
+}
+
 }  // namespace internal
 }  // namespace vantiro
 

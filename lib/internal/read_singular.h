@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "internal/message_access.h"
 #include "internal/parse_state.h"
 #include "internal/varint.h"
 
@@ -58,11 +59,11 @@ inline const uint8_t* ReadMessage(const uint8_t* p, const uint8_t* end,
   if (__builtin_expect(p == nullptr, false)) return nullptr;
   if (__builtin_expect(--state->recursion_budget < 0, false)) return nullptr;
   if (__builtin_expect(length > end - p, false)) {
-    ReadTruncatedMessage(p, end, length, &T::_InternalParseFlat, message,
+    ReadTruncatedMessage(p, end, length, MessageAccess::Parser<T>(), message,
                          state);
     return nullptr;
   }
-  p = T::_InternalParseFlat(message, p, p + length, state);
+  p = MessageAccess::Parser<T>()(message, p, p + length, state);
   ++state->recursion_budget;
   return p;
 }

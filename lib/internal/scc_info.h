@@ -28,6 +28,12 @@ struct SccInfoBase {
 // The same with its dependencies, one for each type of the message's fields.
 template <int kCount>
 struct SccInfo {
+  template <int... kCounts>
+  constexpr explicit SccInfo(void (*init_function)(),
+                             SccInfo<kCounts>*... of_fields)
+      : base{{SccInfoBase::kUninitialized}, kCount, init_function},
+        dependencies{&of_fields->base...} {}
+
   SccInfoBase base;
   SccInfoBase* dependencies[kCount == 0 ? 1 : kCount];
 };
@@ -42,11 +48,12 @@ void InitSccImpl(SccInfoBase* scc) noexcept;
 
 // Makes sure that `scc` and everything that it depends on is initialised. After
 // the first time this costs one acquire load.
-inline void InitScc(SccInfoBase* scc) {
-  if (__builtin_expect(scc->visit_status.load(std::memory_order_acquire) !=
+template <int kCount>
+void InitScc(SccInfo<kCount>* scc) {
+  if (__builtin_expect(scc->base.visit_status.load(std::memory_order_acquire) !=
                            SccInfoBase::kInitialized,
                        false)) {
-    InitSccImpl(scc);
+    InitSccImpl(&scc->base);
   }
 }
 

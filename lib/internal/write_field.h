@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <string>
 
+#include "internal/message_access.h"
 #include "internal/varint.h"
 #include "internal/write_varint.h"
 #include "internal/writer.h"
@@ -22,8 +23,22 @@ namespace internal {
 template <uint32_t kTag, typename T>
 inline uint8_t* WriteMessage(uint8_t* p, const T& message, Writer* writer) {
   p = WriteTaggedVarint<kTag>(
-      p, static_cast<uint32_t>(message._InternalCachedSize()));
-  return message._InternalSerializeFlat(p, writer);
+      p, static_cast<uint32_t>(MessageAccess::CachedSize(message)));
+  return MessageAccess::Serialize(message, p, writer);
+}
+
+template <uint32_t kTag, typename T>
+inline uint8_t* WriteMessageField(uint8_t* p, const T* message,
+                                  Writer* writer) {
+  return message == nullptr ? p : WriteMessage<kTag>(p, *message, writer);
+}
+
+template <uint32_t kTag, typename T>
+inline uint8_t* WriteRepeatedMessage(
+    uint8_t* p, const google::protobuf::RepeatedPtrField<T>& field,
+    Writer* writer) {
+  for (const T& element : field) p = WriteMessage<kTag>(p, element, writer);
+  return p;
 }
 
 // For a message that is written as one run of small fields, if there is no
@@ -33,7 +48,7 @@ template <typename T>
 __attribute__((noinline, cold)) uint8_t* FlushAndSerialize(const T& message,
                                                            uint8_t* p,
                                                            Writer* writer) {
-  return message._InternalSerializeFlat(writer->Flush(p), writer);
+  return MessageAccess::Serialize(message, writer->Flush(p), writer);
 }
 
 // Writes a string or bytes field that isn't empty.
@@ -45,12 +60,15 @@ inline uint8_t* WriteBytes(uint8_t* p, const std::string& bytes,
                           static_cast<ptrdiff_t>(bytes.size()));
 }
 
-// Writes a repeated float that isn't empty. Elements are written whatever their
+// The following write nothing for an empty field.
+
+// Writes a repeated float. Elements are written whatever their
 // value, also -0.0.
 template <uint32_t kTag>
 inline uint8_t* WritePackedFloats(
     uint8_t* p, const google::protobuf::RepeatedField<float>& field,
     int cached_size, Writer* writer) {
+  if (field.empty()) return p;
   p = WriteTaggedVarint<kTag>(p, static_cast<uint32_t>(cached_size));
   return writer->WriteRaw(p, field.data(),
                           field.size() * static_cast<ptrdiff_t>(sizeof(float)));
@@ -61,11 +79,12 @@ template <uint32_t kTag>
 inline uint8_t* WritePackedBools(
     uint8_t* p, const google::protobuf::RepeatedField<bool>& field,
     int cached_size, Writer* writer) {
+  if (field.empty()) return p;
   p = WriteTaggedVarint<kTag>(p, static_cast<uint32_t>(cached_size));
   return writer->WriteRaw(p, field.data(), field.size());
 }
 
-// Writes a repeated varint of `Kind` that isn't empty, as many elements at once
+// Writes a repeated varint of `Kind`, as many elements at once
 // as there is space for.
 template <uint32_t kTag, typename Kind>
 inline uint8_t* WritePackedVarints(
@@ -73,6 +92,7 @@ inline uint8_t* WritePackedVarints(
     const google::protobuf::RepeatedField<typename Kind::Type>& field,
     int cached_size, Writer* writer) {
   constexpr int kMaxCount = Writer::kMaxSpace / Kind::kMaxSize;
+  if (field.empty()) return p;
   p = WriteTaggedVarint<kTag>(p, static_cast<uint32_t>(cached_size));
   const typename Kind::Type* element = field.data();
   const typename Kind::Type* const end = element + field.size();

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "internal/four.h"
 #include "internal/write_varint.h"
@@ -64,22 +65,33 @@ __attribute__((always_inline)) inline Zeros FindZeros(const float* first) {
   return HasAnyBit(~all) ? Zeros::kSome : Zeros::kAll;
 }
 
-// Writes the float fields with the tags `kTags`, which are adjacent in memory
-// from `first` on. If none of them is zero, the positions of all are constants.
-template <uint32_t... kTags>
+template <uint32_t kFirstTag, uint32_t... kIndex>
 __attribute__((always_inline)) inline uint8_t* WriteFloatFields(
-    uint8_t* p, const float* first) {
-  switch (FindZeros<sizeof...(kTags)>(first)) {
+    uint8_t* p, const float* first,
+    std::integer_sequence<uint32_t, kIndex...> /*indices*/) {
+  switch (FindZeros<sizeof...(kIndex)>(first)) {
     case Zeros::kNone:
-      ((p = WriteTag<kTags>(p), Store(p, *first++), p += sizeof(float)), ...);
+      ((p = WriteTag<kFirstTag + 8 * kIndex>(p), Store(p, *first++),
+        p += sizeof(float)),
+       ...);
       return p;
     case Zeros::kSome:
-      ((p = WriteFloatField<kTags>(p, *first++)), ...);
+      ((p = WriteFloatField<kFirstTag + 8 * kIndex>(p, *first++)), ...);
       return p;
     case Zeros::kAll:
       return p;
   }
   return p;
+}
+
+// Writes `kCount` float fields with consecutive field numbers, which are
+// adjacent in memory from `first` on. If none of them is zero, the positions of
+// all are constants.
+template <uint32_t kFirstTag, uint32_t kCount>
+__attribute__((always_inline)) inline uint8_t* WriteFloatFields(
+    uint8_t* p, const float* first) {
+  return WriteFloatFields<kFirstTag>(
+      p, first, std::make_integer_sequence<uint32_t, kCount>());
 }
 
 }  // namespace internal

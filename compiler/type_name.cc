@@ -1,0 +1,63 @@
+#include "compiler/type_name.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <iterator>
+
+#include "compiler/names.h"
+
+namespace vantiro {
+namespace compiler {
+namespace {
+
+using google::protobuf::Descriptor;
+using google::protobuf::FieldDescriptor;
+
+// How the members of MessageLite and of all emitted classes begin that have a
+// capital letter first, and that so could hide a type.
+constexpr const char* kMemberPrefixes[] = {
+    "Append", "ArenaDtor", "ByteSize", "Check",   "Clear", "Copy",
+    "Create", "Debug",     "Get",      "InMoa",   "Init",  "Internal",
+    "IsInit", "Log",       "Merge",    "Message", "New",   "OnDemand",
+    "Parse",  "Scalars",   "Serial",   "Set",     "Short", "Swap",
+    "Unsafe", "Utf8",
+};
+
+// Whether members of the class of `message` can find no other thing by `name`.
+bool IsSafeInClass(const std::string& name, const Descriptor* message) {
+  if (std::isupper(static_cast<unsigned char>(name[0])) == 0) return false;
+  if (message->FindNestedTypeByName(name) != nullptr) return false;
+  return std::none_of(std::begin(kMemberPrefixes), std::end(kMemberPrefixes),
+                      [&name](const char* prefix) {
+                        return name.compare(0, std::strlen(prefix), prefix) ==
+                               0;
+                      });
+}
+
+template <typename Type>
+std::string NameOf(const Type* type, const std::string& name,
+                   const Descriptor* message) {
+  const bool is_near = type->file()->package() == message->file()->package();
+  return is_near && IsSafeInClass(name, message) ? name : QualifiedName(type);
+}
+
+}  // namespace
+
+std::string TypeName(const FieldDescriptor* field) {
+  const Descriptor* const message = field->containing_type();
+  return field->enum_type() != nullptr
+             ? NameOf(field->enum_type(), field->enum_type()->name(), message)
+             : NameOf(field->message_type(), ClassName(field->message_type()),
+                      message);
+}
+
+std::string TypeNameInClass(const FieldDescriptor* field) {
+  const Descriptor* const type = field->message_type();
+  const bool is_nested =
+      type != nullptr && type->containing_type() == field->containing_type();
+  return is_nested ? type->name() : TypeName(field);
+}
+
+}  // namespace compiler
+}  // namespace vantiro
