@@ -30,7 +30,8 @@ bool IsInRange(Kind kind, uint64_t value) {
 }
 
 bool IsControlCharacter(char c) {
-  return (c >= 0 && c < ' ' && c != '\n' && c != '\t') || c == 0x7f;
+  const auto byte = static_cast<unsigned char>(c);
+  return (byte < ' ' && c != '\n' && c != '\t') || byte == 0x7f;
 }
 
 }  // namespace
