@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 void Execute(std::vector<std::string> command) {
   std::vector<char*> arguments;
-  for (std::string& argument : command) arguments.push_back(&argument[0]);
+  for (std::string& argument : command) arguments.push_back(argument.data());
   arguments.push_back(nullptr);
   pid_t child;
   int status;
