@@ -82,57 +82,186 @@ TEST(Formats, ReadTheReferenceText) {
   }
 }
 
+struct NotationCase {
+  const char* type;
+  const char* text;
+  const char* hex;
+};
+
+TEST(Formats, ReadOtherNotationsOfTheTextFormat) {
+  for (const NotationCase& c : std::vector<NotationCase>{
+           {"FaceRoiType", "field_1: 16; # a comment", "08 10"},
+           {"FaceRoiType", "region_dimension_list: {field_7: 1}, field_1: 2",
+            "08 02 12 02 38 01"},
+           {"FaceRoiType",
+            "region_dimension_list [{field_7: 1}, {}] field_1: 2",
+            "08 02 12 02 38 01 12 00"},
+           {"FlickerInfo", "field_3: 1 field_3: [-1, 2] field_3: []",
+            "1a 03 02 01 04"},
+           {"FlickerInfo", "field_3: []", ""},
+           {"ZAfManualFocusConfig", "field_1: kDiopter", "08 01"},
+           {"ZAfManualFocusConfig", "field_1: 1", "08 01"},
+           {"ZAfManualFocusConfig", "field_1: -1",
+            "08 ff ff ff ff ff ff ff ff ff 01"},
+           {"ZAfFrameInputSmartRoi", "field_7: true", "38 01"},
+           {"ZAfFrameInputSmartRoi", "field_7: false", ""},
+           {"RegionDimension", "field_1: 1 field_2: -0.5 field_3: 1e3",
+            "0d 00 00 80 3f 15 00 00 00 bf 1d 00 00 7a 44"},
+           {"RegionDimension", "field_1: -0", ""},
+           {"DebugString", "zhawb_debug: 'a' \"b\\n\"", "0a 03 61 62 0a"},
+           {"FaceRoiType", "15 {15: 7 1 {}} 15: 18446744073709551615",
+            "7b 78 07 0b 0c 7c 78 ff ff ff ff ff ff ff ff ff 01"},
+           // A declared field of another wire type is unknown.
+           {"FaceRoiType", "1: \"\" 2: 5", "0a 00 10 05"}}) {
+    EXPECT_EQ(ToHex(Serialize(ReadText(Type(c.type), c.text))), c.hex)
+        << c.text;
+  }
+}
+
+TEST(Formats, ReadNestingUpTo100Levels) {
+  for (const size_t depth : {100, 101}) {
+    std::string text;
+    std::string json = "[]";
+    for (size_t i = 0; i < depth; ++i) {
+      text = "15 {" + text + "}";
+      json = R"([{"number": 15, "group": )" + json + "}]";
+    }
+    json = R"({"@unknown": )" + json + "}";
+    const std::string bytes =
+        std::string(depth, '\x7b') + std::string(depth, '\x7c');
+    if (depth == 100) {
+      EXPECT_EQ(Serialize(ReadText(Type("FaceRoiType"), text)), bytes);
+      EXPECT_EQ(Serialize(ReadJson(Type("FaceRoiType"), json)), bytes);
+    } else {
+      EXPECT_THROW(ReadText(Type("FaceRoiType"), text), FormatError);
+      EXPECT_THROW(ReadJson(Type("FaceRoiType"), json), FormatError);
+    }
+  }
+}
+
 struct InvalidCase {
   const char* text;
   const char* error;
+  const char* type = "FaceRoiType";
 };
 
 template <typename Read>
-std::string ErrorOf(const Read& read, const char* text) {
+std::string ErrorOf(const Read& read, const InvalidCase& c) {
   try {
-    read(Type("FaceRoiType"), text);
+    read(Type(c.type), c.text);
   } catch (const FormatError& error) {
     return error.what();
   }
   return "";
 }
 
+constexpr char kCamera[] = "ZHawbDebugCameraInformation";
+
 TEST(Formats, RejectInvalidTextWithItsPosition) {
   for (const InvalidCase& c : std::vector<InvalidCase>{
            {"field_1: x", "line 1, column 10: cannot read x as uint32"},
+           {"field_1: 4294967296",
+            "line 1, column 10: cannot read 4294967296 as uint32"},
+           {"field_1: 2147483648",
+            "line 1, column 10: cannot read 2147483648 as enum",
+            "ZAfManualFocusConfig"},
+           {"field_1: nan(0x3f800000)",
+            "line 1, column 10: cannot read nan(0x3f800000) as float",
+            "RegionDimension"},
+           {"field_7: 1", "line 1, column 10: cannot read 1 as bool",
+            "ZAfFrameInputSmartRoi"},
+           {"field_1 1", "line 1, column 9: expected :, found 1"},
            {"field_1: 1\nfield_1: 2",
             "line 2, column 1: expected a singular field only once, "
             "found field_1"},
+           {"field_1: [1]", "line 1, column 10: cannot read [ as uint32"},
+           {"field_3: [1 2]", "line 1, column 13: expected ], found 2",
+            "FlickerInfo"},
            {"region_dimension_list {",
             "line 1, column 24: expected a field of "
             "z3a_debug_data.z3abase.RegionDimension, "
             "found the end"},
+           {"region_dimension_list: 1",
+            "line 1, column 24: expected {, found 1"},
+           {"field_1: 1 }",
+            "line 1, column 12: expected a field of "
+            "z3a_debug_data.z3abase.FaceRoiType, found }"},
+           {"sensor_name: 1", "line 1, column 14: expected a string, found 1",
+            kCamera},
+           {"sensor_name: \"a", "line 1, column 16: Unexpected end of string.",
+            kCamera},
+           {"sensor_name: \"\\xff\"",
+            "line 1, column 14: the string is not UTF-8", kCamera},
            {"1: 5",
             "line 1, column 1: field 1 is not unknown: its name is "
             "field_1"},
+           {"1: \"\"",
+            "line 1, column 1: field 1 is not unknown: its name is sensor_name",
+            kCamera},
+           {"4: \"\"",
+            "line 1, column 1: field 4 is not unknown: its name is field_4",
+            "FlickerInfo"},
            {"15: 0x123",
             "line 1, column 5: expected a number, 8 or 16 "
             "hexadecimal digits after 0x, a string or {, found "
             "0x123"},
+           {"15: 18446744073709551616",
+            "line 1, column 5: expected a number, 8 or 16 hexadecimal digits "
+            "after 0x, a string or {, found 18446744073709551616"},
+           {"15 5", "line 1, column 4: expected :, found 5"},
+           {"15 {field_1: 5}",
+            "line 1, column 5: expected the number of an unknown field, found "
+            "field_1"},
+           {"536870912: 1", "line 1, column 1: invalid field number 536870912"},
            {"0: 1", "line 1, column 1: invalid field number 0"}}) {
-    EXPECT_EQ(ErrorOf(ReadText, c.text), c.error) << c.text;
+    EXPECT_EQ(ErrorOf(ReadText, c), c.error) << c.text;
   }
 }
 
 TEST(Formats, RejectInvalidJsonWithItsPath) {
   for (const InvalidCase& c : std::vector<InvalidCase>{
            {R"({"field_1": -1})", "in field_1: cannot read -1 as uint32"},
+           {R"({"field_1": null})", "in field_1: cannot read null as uint32"},
            {R"({"region_dimension_list": [{}, {"field_1": "x"}]})",
             "in region_dimension_list[1].field_1: cannot read \"x\" as float"},
+           {R"({"region_dimension_list": {}})",
+            "in region_dimension_list: expected an array"},
+           {R"({"region_dimension_list": [1]})",
+            "in region_dimension_list[0]: expected an object"},
+           {R"({"sensor_name": 1})",
+            "in sensor_name: expected a string instead of 1", kCamera},
+           {R"({"field_8": "0"})",
+            "in field_8: expected bytes as a string of hexadecimal digits",
+            kCamera},
+           {R"({"field_8": "0x"})",
+            "in field_8: expected bytes as a string of hexadecimal digits",
+            kCamera},
+           {R"({"field_8": 0})",
+            "in field_8: expected bytes as a string of hexadecimal digits",
+            kCamera},
            {R"({"other": 1})",
             "in other: z3a_debug_data.z3abase.FaceRoiType has no such field"},
            {R"({"@unknown": [{"number": 15, "fixed32": "0x100000000"}]})",
             "in @unknown.fixed32: expected a number up to 4294967295 "
             "instead of \"0x100000000\""},
+           {R"({"@unknown": [{"number": 15, "varint": -1}]})",
+            "in @unknown.varint: expected a number up to "
+            "18446744073709551615 instead of -1"},
+           {R"({"@unknown": {}})",
+            "in @unknown: expected an array of unknown fields"},
+           {R"({"@unknown": [{"number": 15}]})",
+            "in @unknown: expected a number and one value of an unknown field"},
+           {R"({"@unknown": [{"number": 15, "fixed16": 1}]})",
+            "in @unknown.fixed16: expected varint, fixed32, fixed64, "
+            "length_delimited or group"},
+           {R"({"@unknown": [{"number": 1, "varint": 1}]})",
+            "in @unknown.varint: field 1 is not unknown: its name is field_1"},
+           {R"({"@unknown": [{"number": 536870912, "fixed64": 1}]})",
+            "in @unknown.fixed64: invalid field number 536870912"},
            {R"({"field_1": 1, "field_1": 2})",
             "\"field_1\" occurs twice in an object"},
            {"[]", "expected an object"}}) {
-    EXPECT_EQ(ErrorOf(ReadJson, c.text), c.error) << c.text;
+    EXPECT_EQ(ErrorOf(ReadJson, c), c.error) << c.text;
   }
 }
 

@@ -25,9 +25,12 @@ void Count(const std::string& name, size_t offset,
 }
 
 void Count(EncodingFlags flags, size_t offset, CanonicalFormReport* report) {
-  auto* const counts =
-      flags.IsCanonical() ? &report->remarks : &report->differences;
-  for (const std::string& name : flags.Names()) Count(name, offset, counts);
+  for (const std::string& name : flags.NotCanonical().Names()) {
+    Count(name, offset, &report->differences);
+  }
+  for (const std::string& name : flags.Canonical().Names()) {
+    Count(name, offset, &report->remarks);
+  }
 }
 
 void Count(const std::vector<Node>& nodes, CanonicalFormReport* report) {

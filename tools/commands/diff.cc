@@ -33,6 +33,7 @@ void Diff(const Options& options, CommandIo* io) {
   if (options.before == "-" && options.after == "-") {
     throw UsageError("only one of the records can be standard input");
   }
+  if (!(options.tolerance >= 0)) throw UsageError("--tolerance is negative");
   const std::string before = io->ReadBytes(options.before);
   const std::string after = io->ReadBytes(options.after);
   const Descriptor& type = io->TypeOf(options.type, before);
@@ -74,7 +75,6 @@ void AddDiff(CLI::App* program, CommandIo* io) {
   command
       ->add_option("--tolerance", options->tolerance,
                    "Up to this difference floats are equal")
-      ->check(CLI::NonNegativeNumber)
       ->type_name("X");
   io->AddInputOptions(command);
   command->footer(

@@ -36,6 +36,7 @@ void WriteDoubts(const std::vector<Candidate>& candidates) {
 }
 
 void IdentifyFile(const Options& options, CommandIo* io) {
+  if (options.most == 0) throw UsageError("--most is at least 1");
   const std::string bytes = io->ReadBytes(options.file);
   const Schema& schema = Schema::BuiltIn();
   const std::vector<Candidate> candidates =
@@ -62,7 +63,6 @@ void AddIdentify(CLI::App* program, CommandIo* io) {
   command->add_flag("--all", options->all,
                     "Consider all types, not only the sixteen roots");
   command->add_option("-n,--most", options->most, "How many types to show (5)")
-      ->check(CLI::PositiveNumber)
       ->type_name("COUNT");
   io->AddInputOptions(command);
   command->footer(

@@ -24,10 +24,18 @@ std::string LikelyType(std::string_view bytes) {
   return IsConvincing(best) ? best.type->full_name() : "?";
 }
 
+void MakeFolder(const std::string& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error) {
+    throw UsageError("cannot create " + folder + ": " + error.message());
+  }
+}
+
 void SplitFile(const Options& options, CommandIo* io) {
   const std::string bytes = io->ReadBytes(options.file);
   const DelimitedStream stream = ReadDelimited(bytes);
-  if (!options.folder.empty()) fs::create_directories(options.folder);
+  if (!options.folder.empty()) MakeFolder(options.folder);
   std::vector<Row> rows = {{"record", "offset", "size", "likely type"}};
   for (size_t i = 0; i < stream.records.size(); ++i) {
     const Span& span = stream.records[i];

@@ -5,7 +5,7 @@ namespace tools {
 namespace {
 
 struct FlagInfo {
-  EncodingFlag mark;
+  EncodingFlag flag;
   bool is_canonical;
   const char* name;
 };
@@ -29,17 +29,24 @@ constexpr FlagInfo kFlags[] = {
 
 }  // namespace
 
-bool EncodingFlags::IsCanonical() const {
+EncodingFlags EncodingFlags::Canonical() const {
+  EncodingFlags canonical;
   for (const FlagInfo& info : kFlags) {
-    if (!info.is_canonical && Has(info.mark)) return false;
+    if (info.is_canonical && Has(info.flag)) canonical.Add(info.flag);
   }
-  return true;
+  return canonical;
+}
+
+EncodingFlags EncodingFlags::NotCanonical() const {
+  EncodingFlags others = *this;
+  others.Remove(Canonical());
+  return others;
 }
 
 std::vector<std::string> EncodingFlags::Names() const {
   std::vector<std::string> names;
   for (const FlagInfo& info : kFlags) {
-    if (Has(info.mark)) names.emplace_back(info.name);
+    if (Has(info.flag)) names.emplace_back(info.name);
   }
   return names;
 }

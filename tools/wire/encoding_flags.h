@@ -41,8 +41,11 @@ class EncodingFlags {
   }
   bool empty() const { return bits_ == 0; }
 
-  // Whether the library writes bytes with these flags in the same way.
-  bool IsCanonical() const;
+  // The flags with which the library writes the same bytes again, and the
+  // others.
+  EncodingFlags Canonical() const;
+  EncodingFlags NotCanonical() const;
+  bool IsCanonical() const { return NotCanonical().empty(); }
 
   // What each flag is called in the program's output, in the order of
   // declaration.

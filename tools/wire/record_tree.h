@@ -3,6 +3,7 @@
 #ifndef VANTIRO_TOOLS_WIRE_RECORD_TREE_H_
 #define VANTIRO_TOOLS_WIRE_RECORD_TREE_H_
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -58,8 +59,10 @@ struct Node {
   // The flags without those of the elements.
   EncodingFlags FlagsOfRun() const;
 
+  // Also where the length or the value could not be read.
   Span span() const {
-    const size_t end = end_tag.size > 0 ? end_tag.end() : value.end();
+    const size_t end =
+        std::max({tag.end(), length.end(), value.end(), end_tag.end()});
     return {tag.offset, end - tag.offset};
   }
 };
