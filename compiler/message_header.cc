@@ -83,12 +83,15 @@ std::string MessageGenerator::ArenaMembers() const {
 // Members are ordered so that little padding is needed: repeated fields,
 // strings and sub-messages first, then the scalars by falling width. Scalars of
 // one kind are side by side, so that operations can take several at once.
+// Cached sizes come last: taking the sizes of scalars also reads what is before
+// them, which another thread may write if it is a cached size
+// (Threads.UseRecordsOfTheirOwn*).
 std::string MessageGenerator::Members() const {
   std::string members;
   for (const auto& field : fields_) {
     if (field->scalar_width() == 0) members += field->Member();
   }
-  return members + Scalars();
+  return members + Scalars() + ForFields(&FieldGenerator::CachedSizeMember);
 }
 
 std::string MessageGenerator::Scalars() const {

@@ -38,6 +38,8 @@ class FieldGenerator {
   virtual std::string AccessorDeclarations() const = 0;
   virtual std::string InlineAccessorDefinitions() const { return ""; }
   virtual std::string Member() const = 0;
+  // What ByteSizeLong stores for the field.
+  virtual std::string CachedSizeMember() const { return ""; }
 
   // The source: accessors that the library exports, and the field's accessor in
   // the class _Internal.

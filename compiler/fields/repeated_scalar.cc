@@ -30,6 +30,11 @@ RepeatedScalarFieldGenerator::RepeatedScalarFieldGenerator(
 std::string RepeatedScalarFieldGenerator::Member() const {
   return Substitute(variables(), R"(
       $Repeated$ $name$_;
+  )");
+}
+
+std::string RepeatedScalarFieldGenerator::CachedSizeMember() const {
+  return Substitute(variables(), R"(
       mutable ::google::protobuf::internal::CachedSize _$name$_cached_byte_size_;
   )");
 }

@@ -21,6 +21,7 @@ class RepeatedScalarFieldGenerator : public FieldGenerator {
                                const std::string& element);
 
   std::string Member() const override;
+  std::string CachedSizeMember() const override;
   std::string AccessorDeclarations() const override;
   std::string Clear() const override;
   std::string Merge() const override;

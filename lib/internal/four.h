@@ -95,13 +95,7 @@ inline Four VarintSizes(Four values) {
 
 #endif
 
-// The bytes before a message's scalars may be a cached size that another thread
-// stores; they are loaded and not used, which ThreadSanitizer would report.
-#ifdef __SANITIZE_THREAD__
-__attribute__((no_sanitize("thread")))
-#endif
-inline Four
-LoadFour(const void* p) {
+inline Four LoadFour(const void* p) {
   Four four;
   std::memcpy(&four, p, sizeof(four));
   return four;
