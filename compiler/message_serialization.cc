@@ -13,10 +13,10 @@ namespace {
 // asserts that the library's writer has so much space.
 constexpr int kMaxSpace = 128;
 
-// Fewer floats are not worth looking at together; more would not fit into the
-// space that is asked for at once.
+// Fewer floats are not worth testing together. More, with tags of two bytes,
+// would not fit into the space that is asked for at once.
 constexpr size_t kMinFloatRun = 4;
-constexpr size_t kMaxFloatRun = 20;
+constexpr size_t kMaxFloatRun = kMaxSpace / (2 + sizeof(float));
 
 using Fields = std::vector<const FieldGenerator*>;
 
