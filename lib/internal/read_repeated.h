@@ -79,8 +79,7 @@ const uint8_t* ReadPackedVarints(const uint8_t* p, const uint8_t* end,
   const bool is_truncated = static_cast<ptrdiff_t>(length.value) > end - p;
   if (!is_truncated) end = p + length.value;
 
-  const ptrdiff_t count =
-      std::count_if(p, end, [](uint8_t byte) { return byte < 0x80; });
+  const ptrdiff_t count = CountVarints(p, end);
   const int size = field->size();
   ReserveByDoubling(field, count);
   typename Kind::Type* const first =

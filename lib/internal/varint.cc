@@ -28,9 +28,25 @@ uint64_t JoinSevenBits(uint64_t bytes) {
   return (bytes & 0x000000000fffffff) | (bytes & 0x0fffffff00000000) >> 4;
 }
 
+// A one in each byte that ends a varint.
+uint64_t LastBytes(const uint8_t* p) {
+  uint64_t bytes;
+  std::memcpy(&bytes, p, sizeof(bytes));
+  return (~bytes & kContinuationBits) >> 7;
+}
+
+ptrdiff_t SumOfBytes(uint64_t ones) {
+  return static_cast<ptrdiff_t>(ones * 0x0101010101010101 >> 56);
+}
+
 }  // namespace
 
 Varint ReadLongVarint(const uint8_t* p, const uint8_t* end) {
+  // Three bytes come often.
+  if (end - p >= 3 && p[2] < 0x80) {
+    return {p + 3, (p[0] & uint64_t{0x7f}) | (p[1] & uint64_t{0x7f}) << 7 |
+                       uint64_t{p[2]} << 14};
+  }
   if (end - p < kMaxVarintSize) return ReadVarintNearEnd(p, end);
   uint64_t bytes;
   std::memcpy(&bytes, p, sizeof(bytes));
@@ -46,6 +62,19 @@ Varint ReadLongVarint(const uint8_t* p, const uint8_t* end) {
   if (p[9] >= 0x80) return {nullptr, 0};
   value |= static_cast<uint64_t>(p[9]) << 63;
   return {p + 10, value};
+}
+
+ptrdiff_t CountVarints(const uint8_t* p, const uint8_t* end) {
+  ptrdiff_t count = 0;
+  if (end - p < 8) {
+    for (; p != end; ++p) count += *p < 0x80 ? 1 : 0;
+    return count;
+  }
+  for (; end - p >= 8; p += 8) count += SumOfBytes(LastBytes(p));
+  // The last eight bytes, without those that have been counted.
+  const ptrdiff_t counted = 8 - (end - p);
+  return counted == 8 ? count
+                      : count + SumOfBytes(LastBytes(end - 8) >> (8 * counted));
 }
 
 }  // namespace internal

@@ -5,6 +5,7 @@
 
 #include <google/protobuf/wire_format_lite.h>
 
+#include <cstddef>
 #include <cstdint>
 
 namespace vantiro {
@@ -20,7 +21,9 @@ struct Varint {
   uint64_t value;
 };
 
-// Reads a varint of any length. Bits beyond the 64th are dropped.
+// Reads a varint of any length, except that its first two bytes, if there are
+// so many, are not the last one: ReadVarint has looked at them. Bits beyond the
+// 64th are dropped.
 Varint ReadLongVarint(const uint8_t* p, const uint8_t* end);
 
 __attribute__((always_inline)) inline Varint ReadVarint(const uint8_t* p,
@@ -33,6 +36,9 @@ __attribute__((always_inline)) inline Varint ReadVarint(const uint8_t* p,
   }
   return ReadLongVarint(p, end);
 }
+
+// How many varints end in [p, end).
+ptrdiff_t CountVarints(const uint8_t* p, const uint8_t* end);
 
 // The kinds of field that are varints on the wire: how each gets its value from
 // the varint, and which varint it writes, of how many bytes at most. 32-bit
