@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 
 namespace vantiro {
 namespace internal {
@@ -9,6 +10,8 @@ namespace {
 
 using google::protobuf::internal::ParseContext;
 using google::protobuf::io::CodedInputStream;
+
+constexpr ptrdiff_t kNoLimit = std::numeric_limits<ptrdiff_t>::max();
 
 // How many bytes the context's buffer holds from `p` on. The context only tells
 // whether its buffer goes on at a position, so this is a search by doubling and
@@ -42,6 +45,12 @@ bool IsInPatchBuffer(const ParseContext* context, const char* p) {
          std::less<>()(p, begin + sizeof(*context));
 }
 
+// For what a CodedInputStream gives as the distance to a limit, which is
+// negative if it has none.
+ptrdiff_t MissingBytes(int until_limit) {
+  return until_limit < 0 ? kNoLimit : until_limit;
+}
+
 }  // namespace
 
 const uint8_t* FlattenedInput::EndOfChunk(const uint8_t* p) const {
@@ -52,13 +61,7 @@ const uint8_t* FlattenedInput::EndOfChunk(const uint8_t* p) const {
   return begin() + *found;
 }
 
-int BytesUntilLimit(CodedInputStream* input) {
-  const int limit = input->BytesUntilLimit();
-  return limit < 0 ? input->BytesUntilTotalBytesLimit() : limit;
-}
-
 void Flatten(CodedInputStream* input, FlattenedInput* flattened) {
-  flattened->has_limit = BytesUntilLimit(input) >= 0;
   const void* chunk;
   int size;
   while (input->GetDirectBufferPointer(&chunk, &size)) {
@@ -67,6 +70,10 @@ void Flatten(CodedInputStream* input, FlattenedInput* flattened) {
     flattened->chunk_ends.push_back(flattened->bytes.size());
     input->Skip(size);
   }
+  const int limit = input->BytesUntilLimit();
+  flattened->has_limit = limit >= 0;
+  flattened->missing = std::min(
+      MissingBytes(limit), MissingBytes(input->BytesUntilTotalBytesLimit()));
 }
 
 // ParseContext::Done cannot be used to get to the next buffer: it expects to be
@@ -109,6 +116,7 @@ const char* Flatten(const char* p, ParseContext* context,
     }
   }
   flattened->has_limit = false;
+  flattened->missing = kNoLimit;
   context->SetEndOfStream();
   return p;
 }

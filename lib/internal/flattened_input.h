@@ -27,14 +27,12 @@ struct FlattenedInput {
   // The offsets at which the chunks of the stream end, in ascending order. The
   // last one may lie beyond the end of the bytes.
   std::vector<size_t> chunk_ends;
-  // Whether a limit of the stream tells where the bytes end. Otherwise they end
-  // with the stream.
+  // Whether the stream has a limit, other than a total bytes limit.
   bool has_limit = true;
+  // By how many bytes the nearest limit, or total bytes limit, is beyond the
+  // end of the bytes. The largest number if there is none.
+  ptrdiff_t missing = 0;
 };
-
-// How many bytes are left up to a limit of `input`, or -1 if it has none. If it
-// has a total bytes limit that is nearer, not all of them can be read.
-int BytesUntilLimit(google::protobuf::io::CodedInputStream* input);
 
 // Takes what `input` gives up to its limit or its end. Memory grows with the
 // bytes that arrive.

@@ -80,7 +80,7 @@ bool MergeFromCodedStream(MessageLite* message, FlatParser parser,
     input->ReadTag();
     return true;
   }
-  if (size != BytesUntilLimit(input)) {
+  if (size != input->BytesUntilLimit()) {
     return MergeFlattened(message, parser, input);
   }
   ParseState state(input->RecursionBudget());

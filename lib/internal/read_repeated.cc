@@ -16,13 +16,16 @@ const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
   p = ReadLength(p, end, &length);
   if (p == nullptr || length % kFloatSize != 0) return nullptr;
   const ptrdiff_t missing = length - (end - p);
-  if (missing > 0 &&
-      !state.bounds.KeepsTruncatedRun(state.recursion_budget, missing)) {
-    return nullptr;
-  }
+  const bool at_once =
+      state.bounds.IsReadAtOnce(state.recursion_budget, missing);
+  if (at_once && missing > 0) return nullptr;
   const ptrdiff_t count = std::min(length, end - p) / kFloatSize;
   if (count > 0) {
-    ReserveAtOnce(field, count);
+    if (at_once) {
+      ReserveAtOnce(count, field);
+    } else {
+      ReserveByDoubling(count, field);
+    }
     float* const first = field->AddNAlreadyReserved(static_cast<int>(count));
     std::memcpy(first, p, static_cast<size_t>(count * kFloatSize));
   }
@@ -35,8 +38,7 @@ const uint8_t* ReadUnpackedFloat(const uint8_t* p, const uint8_t* end,
   float element;
   p = ReadFloat(p, end, &element);
   if (p == nullptr) return nullptr;
-  ReserveByDoubling(field, 1);
-  field->AddAlreadyReserved(element);
+  AddElement(element, field);
   // Looks ahead for whole elements only: a tag whose value is truncated is left
   // to the parser.
   const int tag_size = RawTagSize(packed_tag);

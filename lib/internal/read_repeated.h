@@ -6,8 +6,6 @@
 #ifndef VANTIRO_LIB_INTERNAL_READ_REPEATED_H_
 #define VANTIRO_LIB_INTERNAL_READ_REPEATED_H_
 
-#include <google/protobuf/repeated_field.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -15,53 +13,12 @@
 
 #include "internal/parse_state.h"
 #include "internal/read_singular.h"
+#include "internal/repeated_capacity.h"
 #include "internal/tag.h"
 #include "internal/varint.h"
 
 namespace vantiro {
 namespace internal {
-
-using google::protobuf::RepeatedField;
-
-// The capacity that a repeated field begins with.
-constexpr int64_t kMinCapacity = 4;
-
-// Gives `field` the capacity `capacity` and no more. RepeatedField::Reserve
-// does so only for a field without capacity, but how far ReadUnpackedVarint
-// looks ahead depends on the capacity.
-template <typename T>
-void SetCapacity(RepeatedField<T>* field, int64_t capacity) {
-  const auto count = static_cast<int>(std::min<int64_t>(capacity, INT32_MAX));
-  if (field->Capacity() == 0) {
-    field->Reserve(count);
-    return;
-  }
-  RepeatedField<T> grown(field->GetArena());
-  grown.Reserve(count);
-  grown.MergeFrom(*field);
-  field->UnsafeArenaSwap(&grown);
-}
-
-// Reserves space for `count` more elements as if they were added one by one:
-// the capacity doubles until it is large enough.
-template <typename T>
-inline void ReserveByDoubling(RepeatedField<T>* field, ptrdiff_t count) {
-  const int64_t wanted = field->size() + static_cast<int64_t>(count);
-  if (wanted <= field->Capacity()) return;
-  int64_t capacity = std::max(kMinCapacity, int64_t{field->Capacity()} * 2);
-  while (capacity < wanted) capacity *= 2;
-  SetCapacity(field, capacity);
-}
-
-// Reserves space for `count` more elements that are added together: if the
-// capacity has to grow, it at least doubles.
-template <typename T>
-inline void ReserveAtOnce(RepeatedField<T>* field, ptrdiff_t count) {
-  const int64_t wanted = field->size() + static_cast<int64_t>(count);
-  if (wanted <= field->Capacity()) return;
-  SetCapacity(field,
-              std::max({kMinCapacity, int64_t{field->Capacity()} * 2, wanted}));
-}
 
 // Reads a packed run of varints. If it is longer than the input, what is there
 // is read and the parse then fails. Elements read before a failure stay. The
@@ -81,14 +38,19 @@ const uint8_t* ReadPackedVarints(const uint8_t* p, const uint8_t* end,
 
   const ptrdiff_t count = CountVarints(p, end);
   const int size = field->size();
-  ReserveByDoubling(field, count);
+  const int capacity = field->Capacity();
+  ReserveByDoubling(count, field);
   typename Kind::Type* const first =
       field->AddNAlreadyReserved(static_cast<int>(count));
   typename Kind::Type* element = first;
   while (p != end) {
     const Varint varint = ReadVarint(p, end);
     if (varint.next == nullptr) {
-      field->Truncate(size + static_cast<int>(element - first));
+      const int read = size + static_cast<int>(element - first);
+      field->Truncate(read);
+      // As if the elements had been added one by one.
+      const int64_t needed = CapacityByDoubling(capacity, read);
+      if (needed < field->Capacity()) SetCapacity(needed, field);
       return nullptr;
     }
     *element++ = Kind::FromVarint(varint.value);
@@ -110,8 +72,7 @@ const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
                                   RepeatedField<typename Kind::Type>* field) {
   Varint varint = ReadVarint(p, end);
   if (varint.next == nullptr) return nullptr;
-  ReserveByDoubling(field, 1);
-  field->AddAlreadyReserved(Kind::FromVarint(varint.value));
+  AddElement(Kind::FromVarint(varint.value), field);
   if (std::is_same<Kind, Enum>::value) return varint.next;
   int spare = field->Capacity() - field->size();
   while (spare-- > 0 &&
@@ -125,9 +86,9 @@ const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
 }
 
 // Reads a packed run of floats. A length that is not a multiple of four fails
-// before any element is read. A run that is longer than the input fails, and of
-// its elements either those that are there are kept or none
-// (InputBounds::KeepsTruncatedRun).
+// before any element is read. A run that is longer than the input fails. None
+// of its elements is kept if it is read at once (InputBounds::IsReadAtOnce),
+// otherwise those that are there.
 const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
                                 const ParseState& state,
                                 RepeatedField<float>* field);

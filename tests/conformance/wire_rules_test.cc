@@ -74,6 +74,7 @@ std::vector<Input> InputsGiven(const std::string& way,
   for (Input& input : InputsOf(bytes)) {
     const bool in_one_piece = input.chunk_size == 0;
     bool is_given = way.empty();
+    if (way == "in one piece") is_given = in_one_piece;
     if (way == "in one chunk")
       is_given = in_one_piece || input.chunk_size == 4096;
     if (way == "byte by byte") is_given = input.chunk_size == 1;

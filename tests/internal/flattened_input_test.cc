@@ -5,6 +5,7 @@
 #include "internal/flattened_input.h"
 
 #include <google/protobuf/io/zero_copy_stream.h>
+#include <google/protobuf/stubs/logging.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -81,6 +82,7 @@ void ExpectBothFlatten(const std::string& bytes, const std::vector<int>& sizes,
     EXPECT_EQ(context.BytesUntilLimit(p) == 0, has_limit);
     EXPECT_EQ(context.EndedAtEndOfStream(), !has_limit);
     EXPECT_EQ(flattened.has_limit, has_limit);
+    EXPECT_EQ(flattened.missing, has_limit ? 0 : PTRDIFF_MAX);
     ExpectFlattened(flattened, bytes, sizes, size);
   }
   ChunkStream stream(bytes, sizes);
@@ -128,6 +130,35 @@ TEST(Flatten, KeepsThemForChunksOfAnySize) {
     std::vector<int> sizes(random() % 6);
     for (int& size : sizes) size = static_cast<int>(random() % 40);
     ExpectFlattensUpToEveryLimit(sizes);
+  }
+}
+
+TEST(Flatten, TellsHowFarTheNearestLimitIsBeyondTheBytes) {
+  const google::protobuf::LogSilencer silence;
+  const std::string bytes = "0123456789";
+  const struct {
+    int limit;
+    int total_limit;
+    ptrdiff_t missing;
+  } cases[] = {
+      {kNoLimit, kNoLimit, PTRDIFF_MAX},
+      {kNoLimit, 13, 3},
+      {13, kNoLimit, 3},
+      {13, 15, 3},
+      {15, 13, 3},
+      {10, 15, 0},
+      {15, 7, 0},
+  };
+  for (const auto& c : cases) {
+    ChunkStream stream(bytes, {4, 6});
+    CodedInputStream input(&stream);
+    if (c.limit != kNoLimit) input.PushLimit(c.limit);
+    if (c.total_limit != kNoLimit) input.SetTotalBytesLimit(c.total_limit);
+    FlattenedInput flattened;
+    Flatten(&input, &flattened);
+    EXPECT_EQ(flattened.has_limit, c.limit != kNoLimit);
+    EXPECT_EQ(flattened.missing, c.missing)
+        << "limit " << c.limit << ", total " << c.total_limit;
   }
 }
 

@@ -1,11 +1,10 @@
-// When an unpacked element may look ahead, and what is kept of a packed run of
-// floats that the end of the input truncates.
+// How far the parser may look ahead after an unpacked element, and when a
+// packed run of floats is read at once.
 
 #include "internal/input_bounds.h"
 
 #include <gtest/gtest.h>
 
-#include <string>
 #include <vector>
 
 namespace vantiro {
@@ -42,59 +41,69 @@ TEST(LookAhead, GoesToTheEndOfTheChunkOfTheByteBefore) {
 // the message around it, or 0 if it fits.
 using Levels = std::vector<ptrdiff_t>;
 
-// Whether a run within the innermost of the messages is kept that exceeds the
-// end of this message by `missing` bytes.
-bool Keeps(const FlattenedInput* flattened, const Levels& levels,
-           ptrdiff_t missing) {
+// The most bytes that a run within the innermost of the messages may lack and
+// still be read at once, or -1 if none is.
+ptrdiff_t MostMissing(const FlattenedInput* flattened, const Levels& levels) {
   InputBounds bounds(kBudget, flattened);
   int budget = kBudget;
   for (const ptrdiff_t level : levels) {
     --budget;
     if (level > 0) bounds.EnterTruncatedMessage(budget, level);
   }
-  return bounds.KeepsTruncatedRun(budget, missing);
+  ptrdiff_t missing = -1;
+  while (missing < 20 && bounds.IsReadAtOnce(budget, missing + 1)) ++missing;
+  EXPECT_EQ(bounds.IsReadAtOnce(budget, -1), missing >= 0);
+  return missing;
 }
 
-TEST(TruncatedRun, IsKeptWhereTheEndOfTheInputIsKnown) {
+struct Case {
+  Levels levels;
+  ptrdiff_t most_missing;
+};
+
+void ExpectMostMissing(const FlattenedInput* flattened,
+                       const std::vector<Case>& cases) {
+  for (const Case& c : cases) {
+    EXPECT_EQ(MostMissing(flattened, c.levels), c.most_missing)
+        << testing::PrintToString(c.levels);
+  }
+}
+
+// A message that is there as a whole is a limit, also within a truncated one,
+// and for a truncated one within it.
+const std::vector<Case> kInAMessageThatIsThere = {
+    {{0}, 0}, {{8, 0}, 0}, {{0, 8}, 0}, {{8, 0, 8}, 0}, {{8, 0, 0, 8}, 0}};
+
+TEST(PackedRun, IsReadAtOnceUpToTheEndOfTheInputWhereItIsKnown) {
   FlattenedInput limited;
   limited.has_limit = true;
   const FlattenedInput* const inputs[] = {&limited, nullptr};
   for (const FlattenedInput* input : inputs) {
-    for (const Levels& levels : {Levels{}, {0}, {8}, {8, 8}, {0, 8}, {8, 0}}) {
-      for (const ptrdiff_t missing : {1, 8, 9}) {
-        EXPECT_TRUE(Keeps(input, levels, missing));
-      }
-    }
+    ExpectMostMissing(input, kInAMessageThatIsThere);
+    ExpectMostMissing(input, {{{}, 0}, {{8}, 0}, {{8, 8}, 0}});
   }
 }
 
-TEST(TruncatedRun, IsDroppedWhereTheNearestLimitAllowsForIt) {
+TEST(PackedRun, IsReadAtOnceWhereTheNearestLimitAllowsForIt) {
   FlattenedInput open_ended;
   open_ended.has_limit = false;
-  const struct {
-    Levels levels;
-    // The most that a run may lack and still be within the nearest limit.
-    ptrdiff_t allowed;
-  } cases[] = {
-      {{}, 0},            // No limit at all.
-      {{8}, 8},           // The message itself is truncated.
-      {{8, 12}, 8},       // The tighter of two messages.
-      {{12, 8}, 8},       //
-      {{12, 8, 10}, 8},   //
-      {{0}, 0},           // A message that is there as a whole is a limit,
-      {{8, 0}, 0},        // also within a truncated one,
-      {{0, 8}, 0},        // and for a truncated one within it,
-      {{8, 0, 8}, 0},     //
-      {{0, 8, 8}, 0},     //
-      {{8, 0, 0, 8}, 0},  //
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(testing::PrintToString(c.levels));
-    for (ptrdiff_t missing = 1; missing <= 13; ++missing) {
-      EXPECT_EQ(Keeps(&open_ended, c.levels, missing), missing > c.allowed)
-          << "of a run that lacks " << missing;
-    }
-  }
+  open_ended.missing = PTRDIFF_MAX;
+  ExpectMostMissing(&open_ended, kInAMessageThatIsThere);
+  ExpectMostMissing(
+      &open_ended,
+      {{{}, -1}, {{8}, 8}, {{8, 12}, 8}, {{12, 8}, 8}, {{12, 8, 10}, 8}});
+
+  FlattenedInput ended_early;
+  ended_early.has_limit = true;
+  ended_early.missing = 10;
+  ExpectMostMissing(&ended_early, kInAMessageThatIsThere);
+  ExpectMostMissing(&ended_early, {{{}, 10}, {{8}, 8}, {{12}, 10}});
+
+  FlattenedInput total_limit_only;
+  total_limit_only.has_limit = false;
+  total_limit_only.missing = 10;
+  ExpectMostMissing(&total_limit_only, kInAMessageThatIsThere);
+  ExpectMostMissing(&total_limit_only, {{{}, -1}, {{8}, 8}, {{12}, 10}});
 }
 
 }  // namespace

@@ -13,6 +13,15 @@ constexpr uint64_t kMaxLength = 0x7fffffff;
 
 }  // namespace
 
+void ModelMessage::Value::Reserve(size_t size) {
+  if (size > capacity) capacity = std::max({size_t{4}, capacity * 2, size});
+}
+
+void ModelMessage::Value::Append(uint64_t bits) {
+  Reserve(elements.size() + 1);
+  elements.push_back(bits);
+}
+
 void ModelMessage::Clear() {
   unknown_.clear();
   for (auto& [number, value] : values_) {
@@ -193,14 +202,6 @@ class ModelParser {
     return true;
   }
 
-  // A repeated field grows by doubling, from four elements on.
-  static void Append(uint64_t bits, Value* value) {
-    value->elements.push_back(bits);
-    if (value->elements.size() > value->capacity) {
-      value->capacity = std::max<size_t>(4, value->capacity * 2);
-    }
-  }
-
   bool ReadPackedVarints(const Field& field, Value* value) {
     uint64_t length;
     if (!ReadVarint(&length)) return false;
@@ -212,29 +213,27 @@ class ModelParser {
     while (Left() > 0) {
       uint64_t bits = 0;
       if (!ReadElement(field.kind, &bits)) return false;
-      Append(bits, value);
+      value->Append(bits);
     }
     limit_ = outer_limit;
     return fits;
   }
 
-  // Space for all elements is reserved at once if the limit leaves room for
-  // them, and then nothing of them stays unless all are there.
+  // If the limit allows for all elements, space is reserved at once, and they
+  // are kept only if all are there. Otherwise they are read one by one.
   bool ReadPackedFloats(Value* value) {
     uint64_t length;
     if (!ReadLength(&length) || length % 4 != 0) return false;
     const bool fits = length <= Left();
-    const bool is_allowed = limit_ != SIZE_MAX && length <= limit_ - position_;
-    if (is_allowed && !fits) return false;
-    const size_t count = std::min<size_t>(length, Left()) / 4;
-    const size_t wanted = value->elements.size() + count;
-    if (wanted > value->capacity) {
-      value->capacity = std::max({size_t{4}, value->capacity * 2, wanted});
+    if (limit_ != SIZE_MAX && length <= limit_ - position_) {
+      if (!fits) return false;
+      value->Reserve(value->elements.size() + length / 4);
     }
-    for (size_t i = 0; i < count; ++i) {
+    for (size_t count = std::min<size_t>(length, Left()) / 4; count > 0;
+         --count) {
       uint64_t bits = 0;
       ReadElement(Kind::FLOAT, &bits);
-      Append(bits, value);
+      value->Append(bits);
     }
     return fits;
   }
@@ -255,7 +254,7 @@ class ModelParser {
     while (true) {
       uint64_t bits = 0;
       if (!ReadElement(field.kind, &bits)) return false;
-      Append(bits, value);
+      value->Append(bits);
       if (field.kind == Kind::ENUM ||
           value->elements.size() == value->capacity ||
           EndOfChunk() - position_ < needed ||

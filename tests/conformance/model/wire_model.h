@@ -35,6 +35,11 @@ class ModelMessage {
   friend class ModelParser;
 
   struct Value {
+    // A repeated field grows to four elements, to twice its capacity, or to
+    // what is needed, whichever is most.
+    void Reserve(size_t size);
+    void Append(uint64_t bits);
+
     // A scalar's or an element's bits, before any encoding.
     uint64_t scalar = 0;
     std::vector<uint64_t> elements;
