@@ -1,17 +1,16 @@
 #include <iostream>
-#include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "tools/commands/commands.h"
-#include "tools/formats/csv.h"
 #include "tools/formats/json.h"
 #include "tools/formats/outline.h"
+#include "tools/formats/record_csv.h"
+#include "tools/formats/selection.h"
 #include "tools/formats/text_format.h"
 #include "tools/io/progress.h"
-#include "tools/record/leaves.h"
 #include "tools/record/path.h"
-#include "tools/record/value_text.h"
 #include "tools/wire/record_tree.h"
 
 namespace vantiro {
@@ -26,29 +25,21 @@ struct Options {
   bool defaults = false;
 };
 
-// A value that --path leads to; not for messages.
-std::string SelectedText(const Selected& selected) {
-  const FieldDescriptor& field = *selected.value->field;
-  if (selected.index.has_value()) {
-    return ScalarText(field, selected.value->scalars[*selected.index]);
-  }
-  return ValueText(*selected.value);
-}
-
-Json SelectedJson(const Selected& selected) {
-  if (selected.message != nullptr) return ToJson(*selected.message);
-  if (!selected.index.has_value()) return ToJson(*selected.value);
-  return ToJson(*selected.value->field,
-                selected.value->scalars[*selected.index]);
+Json ErrorJson(const Fault& fault) {
+  return {{"offset", fault.offset}, {"path", fault.path}, {"what", fault.what}};
 }
 
 class Decoder {
  public:
   Decoder(const Options& options, CommandIo* io)
-      : options_(options), io_(*io), style_(io->style()) {}
+      : options_(options),
+        io_(*io),
+        style_(io->style()),
+        paths_(options.paths, Types(options.type)),
+        csv_(paths_, &std::cout) {}
 
   void Run() {
-    WriteCsvHeadings();
+    if (options_.format == "csv") csv_.WriteHeadings();
     Progress progress(options_.files.size(), io_.quiet());
     for (size_t i = 0; i < options_.files.size(); ++i) {
       progress.Hide();
@@ -57,15 +48,19 @@ class Decoder {
       } catch (const UsageError& error) {
         // The other files are still shown.
         if (!HasSeveralFiles()) throw;
-        std::cout.flush();
-        std::cerr << "vantiro-records: " << error.what() << '\n';
-        io_.RaiseStatus(kWrongUse);
+        WriteUnread(options_.files[i], error.what());
       }
       progress.Show(i + 1);
     }
   }
 
  private:
+  static std::vector<const Descriptor*> Types(const std::string& name) {
+    const Schema& schema = Schema::BuiltIn();
+    if (name.empty()) return schema.roots();
+    return {&schema.FindMessage(name)};
+  }
+
   bool HasSeveralFiles() const { return options_.files.size() > 1; }
 
   void Decode(const std::string& file) {
@@ -77,24 +72,34 @@ class Decoder {
     RemoveDefaults(&record);
     if (options_.defaults) AddDefaults(&record);
     if (options_.format == "csv") {
-      WriteCsv(file, &record);
+      csv_.WriteRecord(file, record, tree.ok() ? "" : tree.fault->Text());
     } else if (options_.format == "json") {
-      WriteJson(file, &record);
+      WriteJson(file, record, tree.fault);
     } else {
       if (HasSeveralFiles()) std::cout << style_.Note("# " + file) << '\n';
-      WriteReadable(&record);
+      WriteReadable(record);
     }
     io_.ReportFault(file, tree.fault);
   }
 
-  void WriteReadable(Record* record) const {
-    if (options_.paths.empty()) {
-      WriteRecord(*record);
+  void WriteUnread(const std::string& file, const std::string& error) {
+    if (options_.format == "csv") csv_.WriteError(file, error);
+    if (options_.format == "json") {
+      std::cout << Json{{"file", file}, {"error", error}}.dump() << '\n';
+    }
+    std::cout.flush();
+    std::cerr << "vantiro-records: " << error << '\n';
+    io_.RaiseStatus(kWrongUse);
+  }
+
+  void WriteReadable(const Record& record) const {
+    if (paths_.empty()) {
+      WriteRecord(record);
       return;
     }
-    for (const std::string& path : options_.paths) {
-      for (const Selected& selected :
-           Select(ParsePath(*record->type, path), record)) {
+    for (const std::optional<Path>& path : paths_.For(*record.type)) {
+      if (!path.has_value()) continue;
+      for (const Selected& selected : Select(*path, record)) {
         if (selected.message != nullptr) {
           WriteRecord(*selected.message);
         } else {
@@ -113,8 +118,10 @@ class Decoder {
   }
 
   // One document, or JSON Lines for several files.
-  void WriteJson(const std::string& file, Record* record) const {
-    const Json json = RecordJson(record);
+  void WriteJson(const std::string& file, const Record& record,
+                 const std::optional<Fault>& fault) const {
+    Json json = paths_.empty() ? ToJson(record) : SelectedJson(paths_, record);
+    if (fault.has_value()) json["@error"] = ErrorJson(*fault);
     if (HasSeveralFiles()) {
       std::cout << Json{{"file", file}, {"record", json}}.dump() << '\n';
     } else {
@@ -122,55 +129,11 @@ class Decoder {
     }
   }
 
-  Json RecordJson(Record* record) const {
-    if (options_.paths.empty()) return ToJson(*record);
-    Json object = Json::object();
-    for (const std::string& path : options_.paths) {
-      Json values = Json::array();
-      for (const Selected& selected :
-           Select(ParsePath(*record->type, path), record)) {
-        values.push_back(SelectedJson(selected));
-      }
-      object[path] = values.size() == 1 ? values[0] : std::move(values);
-    }
-    return object;
-  }
-
-  void WriteCsvHeadings() const {
-    if (options_.format != "csv") return;
-    std::vector<std::string> headings = {"file"};
-    headings.insert(headings.end(), options_.paths.begin(),
-                    options_.paths.end());
-    if (options_.paths.empty()) headings = {"file", "path", "value"};
-    WriteCsvRow(headings, &std::cout);
-  }
-
-  // One row for each file if there are paths, otherwise for each value.
-  void WriteCsv(const std::string& file, Record* record) const {
-    if (options_.paths.empty()) {
-      VisitLeaves(*record, "",
-                  [&file](const std::string& path, const std::string& value) {
-                    WriteCsvRow({file, path, value}, &std::cout);
-                  });
-      return;
-    }
-    std::vector<std::string> row = {file};
-    for (const std::string& path : options_.paths) {
-      std::string cell;
-      for (const Selected& selected :
-           Select(ParsePath(*record->type, path), record)) {
-        if (!cell.empty()) cell += ' ';
-        cell += selected.message != nullptr ? ToJson(*selected.message).dump()
-                                            : SelectedText(selected);
-      }
-      row.push_back(cell);
-    }
-    WriteCsvRow(row, &std::cout);
-  }
-
   const Options& options_;
   CommandIo& io_;
   const Style style_;
+  const Paths paths_;
+  RecordCsv csv_;
 };
 
 }  // namespace

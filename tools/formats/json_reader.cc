@@ -18,6 +18,8 @@ using google::protobuf::internal::WireFormatLite;
 
 constexpr int kMaxDepth = 100;
 constexpr char kUnknown[] = "@unknown";
+// A note of the fault of a damaged record.
+constexpr char kError[] = "@error";
 
 // The text of a scalar, as ScalarText writes it.
 std::string TextOf(const Json& value) {
@@ -37,7 +39,7 @@ class JsonReader {
       path_.push_back(item.key());
       if (item.key() == kUnknown) {
         ReadUnknown(item.value(), record->type, &record->unknown);
-      } else {
+      } else if (item.key() != kError) {
         ReadField(item.value(), record);
       }
       path_.pop_back();

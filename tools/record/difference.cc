@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <deque>
 #include <set>
+#include <utility>
 
 #include "tools/record/leaves.h"
 #include "tools/record/value_text.h"
@@ -33,17 +35,12 @@ class Comparer {
   std::vector<Difference> TakeDifferences() { return std::move(differences_); }
 
  private:
-  static FieldValue DefaultValue(const FieldDescriptor& field) {
-    FieldValue value;
-    value.field = &field;
-    if (IsScalar(field) && !field.is_repeated()) value.scalars.push_back(0);
-    return value;
-  }
-
   const FieldValue& Value(const Record& record, const FieldDescriptor& field) {
     const auto found = record.fields.find(field.number());
     if (found != record.fields.end()) return found->second;
-    return defaults_.emplace(&field, DefaultValue(field)).first->second;
+    FieldValue value = DefaultValue(field);
+    if (!record.is_complete) value.scalars.clear();
+    return defaults_.emplace_back(std::move(value));
   }
 
   void CompareField(const FieldValue& before, const FieldValue& after,
@@ -113,7 +110,8 @@ class Comparer {
   }
 
   const double tolerance_;
-  std::map<const FieldDescriptor*, FieldValue> defaults_;
+  // A deque, since its elements stay where they are.
+  std::deque<FieldValue> defaults_;
   std::vector<Difference> differences_;
 };
 

@@ -23,7 +23,8 @@ struct Difference {
 
 // Compares by field, and repeated fields by index. Floats are equal if their
 // bits are, or if they differ by no more than `tolerance`; a NaN equals only a
-// NaN of the same bits. A scalar that is not there equals zero.
+// NaN of the same bits. A scalar that is not there equals zero, except in a
+// message that is not complete, where it has no value.
 std::vector<Difference> Compare(const Record& before, const Record& after,
                                 double tolerance);
 

@@ -1,7 +1,9 @@
 #include "tools/record/path.h"
 
+#include <algorithm>
 #include <charconv>
 #include <string_view>
+#include <utility>
 
 #include "tools/wire/scalar.h"
 
@@ -40,49 +42,83 @@ PathStep ParseStep(const Descriptor* type, std::string_view text) {
   return step;
 }
 
-void SelectFrom(const Path& path, size_t depth, Record* record,
+void SelectFrom(const Path& path, size_t depth, const Record& record,
                 std::vector<Selected>* selected) {
-  const PathStep& step = path[depth];
-  FieldValue* const value = record->Mutable(*step.field);
-  const bool is_last = depth + 1 == path.size();
+  const PathStep& step = path.steps[depth];
+  const auto entry = record.fields.find(step.field->number());
+  const bool is_there = entry != record.fields.end();
   if (step.field->cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
-    if (IsScalar(*step.field) && !step.field->is_repeated() &&
-        value->scalars.empty()) {
-      value->scalars.push_back(0);
-    }
-    if (!step.index.has_value() || *step.index < value->scalars.size()) {
-      selected->push_back({nullptr, value, step.index});
+    if (!is_there && !record.is_complete) return;
+    const FieldValue& value = is_there ? entry->second : path.default_value;
+    if (!step.index.has_value() || *step.index < value.scalars.size()) {
+      selected->push_back({nullptr, &value, step.index});
     }
     return;
   }
-  for (size_t i = 0; i < value->messages.size(); ++i) {
+  if (!is_there) return;
+  const std::vector<Record>& messages = entry->second.messages;
+  for (size_t i = 0; i < messages.size(); ++i) {
     if (step.index.has_value() && *step.index != i) continue;
-    if (is_last) {
-      selected->push_back({&value->messages[i], nullptr, std::nullopt});
+    if (depth + 1 == path.steps.size()) {
+      selected->push_back({&messages[i], nullptr, std::nullopt});
     } else {
-      SelectFrom(path, depth + 1, &value->messages[i], selected);
+      SelectFrom(path, depth + 1, messages[i], selected);
     }
   }
 }
 
 }  // namespace
 
+bool Path::IsSingle() const {
+  return std::all_of(steps.begin(), steps.end(), [](const PathStep& step) {
+    return !step.field->is_repeated() || step.index.has_value() ||
+           IsScalar(*step.field);
+  });
+}
+
 Path ParsePath(const Descriptor& type, const std::string& text) {
   Path path;
   const Descriptor* message = &type;
   for (std::string_view rest = text;;) {
     const size_t dot = rest.find('.');
-    path.push_back(ParseStep(message, rest.substr(0, dot)));
-    if (dot == std::string_view::npos) return path;
-    message = path.back().field->message_type();
+    path.steps.push_back(ParseStep(message, rest.substr(0, dot)));
+    const FieldDescriptor& field = *path.steps.back().field;
+    if (dot == std::string_view::npos) {
+      path.default_value = DefaultValue(field);
+      return path;
+    }
+    message = field.message_type();
     rest.remove_prefix(dot + 1);
   }
 }
 
-std::vector<Selected> Select(const Path& path, Record* record) {
+std::vector<Selected> Select(const Path& path, const Record& record) {
   std::vector<Selected> selected;
   SelectFrom(path, 0, record, &selected);
   return selected;
+}
+
+Paths::Paths(std::vector<std::string> texts,
+             const std::vector<const Descriptor*>& types)
+    : texts_(std::move(texts)) {
+  for (const Descriptor* const type : types) {
+    paths_[type].resize(texts_.size());
+  }
+  for (size_t i = 0; i < texts_.size(); ++i) {
+    std::optional<NameError> error;
+    bool exists = false;
+    for (auto& [type, paths] : paths_) {
+      try {
+        paths[i] = ParsePath(*type, texts_[i]);
+        exists = true;
+      } catch (const NameError& reason) {
+        error = reason;
+      }
+    }
+    if (exists) continue;
+    if (types.size() == 1) throw NameError(*error);
+    throw NameError("no type has the path " + texts_[i]);
+  }
 }
 
 }  // namespace tools

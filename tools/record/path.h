@@ -4,6 +4,7 @@
 #define VANTIRO_TOOLS_RECORD_PATH_H_
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,7 +19,15 @@ struct PathStep {
   std::optional<size_t> index;
 };
 
-using Path = std::vector<PathStep>;
+struct Path {
+  // Whether it leads to one value or message at most; all elements of a
+  // repeated scalar are one value.
+  bool IsSingle() const;
+
+  std::vector<PathStep> steps;
+  // Of the last step's field, unless that is a message.
+  FieldValue default_value;
+};
 
 // Throws a NameError if messages of `type` have no such path.
 Path ParsePath(const Descriptor& type, const std::string& text);
@@ -31,11 +40,32 @@ struct Selected {
   std::optional<size_t> index;
 };
 
-// What `path` leads to in `record`. A step to a repeated message without an
-// index leads to each of its elements. A field that is not there is added with
-// its default value; an absent message, or an index that is too large, leads to
-// nothing.
-std::vector<Selected> Select(const Path& path, Record* record);
+// What `path` leads to in `record`; valid as long as both. A step to a repeated
+// message without an index leads to each of its elements. A field that is not
+// there has its default value, or none in a message that is not complete; an
+// absent message, or an index that is too large, leads to nothing.
+std::vector<Selected> Select(const Path& path, const Record& record);
+
+// The same paths for records of several types.
+class Paths {
+ public:
+  // Throws a NameError if one of the paths exists in none of `types`.
+  Paths(std::vector<std::string> texts,
+        const std::vector<const Descriptor*>& types);
+
+  const std::vector<std::string>& texts() const { return texts_; }
+  bool empty() const { return texts_.empty(); }
+
+  // The paths in the order of `texts`; without a value if the type, which is
+  // one of `types`, has no such path.
+  const std::vector<std::optional<Path>>& For(const Descriptor& type) const {
+    return paths_.at(&type);
+  }
+
+ private:
+  std::vector<std::string> texts_;
+  std::map<const Descriptor*, std::vector<std::optional<Path>>> paths_;
+};
 
 }  // namespace tools
 }  // namespace vantiro

@@ -49,7 +49,9 @@ void MergeNodes(const std::vector<Node>& nodes, std::string_view bytes,
       if (field.is_repeated() || value->messages.empty()) {
         value->messages.emplace_back(*field.message_type());
       }
-      MergeNodes(node.children, bytes, &value->messages.back());
+      Record* const message = &value->messages.back();
+      MergeNodes(node.children, bytes, message);
+      if (!node.is_complete) message->is_complete = false;
     } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_STRING) {
       value->string_value = bytes.substr(node.value.offset, node.value.size);
     } else {
@@ -69,8 +71,16 @@ bool IsDefault(const FieldValue& value) {
 
 }  // namespace
 
+FieldValue DefaultValue(const FieldDescriptor& field) {
+  FieldValue value;
+  value.field = &field;
+  if (IsScalar(field) && !field.is_repeated()) value.scalars.push_back(0);
+  return value;
+}
+
 Record MakeRecord(const RecordTree& tree) {
   Record record(*tree.type);
+  record.is_complete = tree.ok();
   MergeNodes(tree.nodes, tree.bytes, &record);
   return record;
 }
@@ -78,18 +88,16 @@ Record MakeRecord(const RecordTree& tree) {
 void RemoveDefaults(Record* record) {
   for (auto entry = record->fields.begin(); entry != record->fields.end();) {
     for (Record& message : entry->second.messages) RemoveDefaults(&message);
-    entry = IsDefault(entry->second) ? record->fields.erase(entry) : ++entry;
+    const bool is_removed = record->is_complete && IsDefault(entry->second);
+    entry = is_removed ? record->fields.erase(entry) : ++entry;
   }
 }
 
 void AddDefaults(Record* record) {
-  for (int i = 0; i < record->type->field_count(); ++i) {
+  for (int i = 0; record->is_complete && i < record->type->field_count(); ++i) {
     const FieldDescriptor& field = *record->type->field(i);
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) continue;
-    FieldValue* const value = record->Mutable(field);
-    if (IsScalar(field) && !field.is_repeated() && value->scalars.empty()) {
-      value->scalars.push_back(0);
-    }
+    record->fields.emplace(field.number(), DefaultValue(field));
   }
   for (auto& entry : record->fields) {
     for (Record& message : entry.second.messages) AddDefaults(&message);

@@ -30,15 +30,21 @@ struct FieldValue {
   std::vector<Record> messages;
 };
 
+// The value that a field without an entry has; not for messages.
+FieldValue DefaultValue(const FieldDescriptor& field);
+
 struct Record {
   explicit Record(const Descriptor& descriptor) : type(&descriptor) {}
   // An UnknownFieldSet has no move constructor.
   Record(Record&& other) noexcept
-      : type(other.type), fields(std::move(other.fields)) {
+      : type(other.type),
+        is_complete(other.is_complete),
+        fields(std::move(other.fields)) {
     unknown.Swap(&other.unknown);
   }
   Record& operator=(Record&& other) noexcept {
     type = other.type;
+    is_complete = other.is_complete;
     fields = std::move(other.fields);
     unknown.Swap(&other.unknown);
     return *this;
@@ -52,7 +58,10 @@ struct Record {
   }
 
   const Descriptor* type;
-  // By field number. A field without an entry has its default value.
+  // False if a fault ended the reading of this message.
+  bool is_complete = true;
+  // By field number. A field without an entry has its default value; in a
+  // message that is not complete, an unknown one.
   std::map<int, FieldValue> fields;
   google::protobuf::UnknownFieldSet unknown;
 };
@@ -62,10 +71,11 @@ struct Record {
 // record, what could be read.
 Record MakeRecord(const RecordTree& tree);
 
-// Removes, at all depths, fields with their default value: zeros other than
-// -0.0, empty strings and bytes, and empty repeated fields.
+// Removes, in complete messages at all depths, fields with their default value:
+// zeros other than -0.0, empty strings and bytes, and empty repeated fields.
 void RemoveDefaults(Record* record);
-// Adds, at all depths, the fields that have no entry, other than messages.
+// Adds, in complete messages at all depths, the fields that have no entry,
+// other than messages.
 void AddDefaults(Record* record);
 
 // The bytes that the class writes for these values.

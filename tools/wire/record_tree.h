@@ -38,6 +38,8 @@ struct Node {
   int number = 0;
   WireType wire_type = {};
   EncodingFlags flags;
+  // False for a sub-message that was not read to its end.
+  bool is_complete = true;
   // In a repeated field: the index of the node's first element.
   size_t index = 0;
   Span tag;

@@ -91,6 +91,7 @@ bool TreeReader::ReadMessage(FieldState* state, Node* node) {
   const Descriptor& type = *node->field->message_type();
   state->seen = true;
   ++state->count;
+  node->is_complete = false;
   uint64_t length;
   if (!ReadLength(node, &length) || !Enter()) return false;
   MessageState fresh;
@@ -105,7 +106,8 @@ bool TreeReader::ReadMessage(FieldState* state, Node* node) {
   if (!ReadFields(type, sub, &node->children)) return false;
   reader_.Extend(rest);
   ++depth_budget_;
-  return length <= left || FailCutOff("message", length, left);
+  node->is_complete = length <= left;
+  return node->is_complete || FailCutOff("message", length, left);
 }
 
 // The class keeps a string that is not UTF-8.

@@ -1,0 +1,62 @@
+#include "tools/formats/record_csv.h"
+
+#include <vector>
+
+#include "tools/formats/csv.h"
+#include "tools/formats/selection.h"
+#include "tools/record/leaves.h"
+
+namespace vantiro {
+namespace tools {
+namespace {
+
+std::string Cell(const std::optional<Path>& path, const Record& record) {
+  std::string cell;
+  if (!path.has_value()) return cell;
+  for (const Selected& selected : Select(*path, record)) {
+    if (!cell.empty()) cell += ' ';
+    cell += selected.message != nullptr ? ToJson(*selected.message).dump()
+                                        : SelectedText(selected);
+  }
+  return cell;
+}
+
+}  // namespace
+
+void RecordCsv::WriteHeadings() {
+  std::vector<std::string> row = {"file"};
+  row.insert(row.end(), paths_.texts().begin(), paths_.texts().end());
+  if (paths_.empty()) row = {"file", "path", "value"};
+  row.emplace_back("error");
+  WriteCsvRow(row, &out_);
+}
+
+void RecordCsv::WriteRecord(const std::string& file, const Record& record,
+                            const std::string& error) {
+  if (!paths_.empty()) {
+    std::vector<std::string> row = {file};
+    for (const std::optional<Path>& path : paths_.For(*record.type)) {
+      row.push_back(Cell(path, record));
+    }
+    row.push_back(error);
+    WriteCsvRow(row, &out_);
+    return;
+  }
+  bool is_empty = true;
+  VisitLeaves(record, "",
+              [&](const std::string& path, const std::string& value) {
+                WriteCsvRow({file, path, value, error}, &out_);
+                is_empty = false;
+              });
+  if (is_empty && !error.empty()) WriteError(file, error);
+}
+
+void RecordCsv::WriteError(const std::string& file, const std::string& error) {
+  std::vector<std::string> row(paths_.empty() ? 4 : paths_.texts().size() + 2);
+  row.front() = file;
+  row.back() = error;
+  WriteCsvRow(row, &out_);
+}
+
+}  // namespace tools
+}  // namespace vantiro
