@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/support/bytes.h"
+#include "tests/tools/random_filler.h"
 #include "tools/identify/scan.h"
 #include "tools/schema/schema.h"
 
@@ -20,7 +21,6 @@ namespace {
 
 using google::protobuf::DynamicMessageFactory;
 using google::protobuf::Message;
-using google::protobuf::Reflection;
 
 std::string RecordOf(const Descriptor& type) {
   return tests::ReadData("records/" + type.full_name() + ".bin");
@@ -51,75 +51,6 @@ TEST(Identify, RanksTheTypeOfReferenceRecordsFirstAlsoIfCut) {
   EXPECT_GE(identified, 30) << "of 32";
 }
 
-class RandomFiller {
- public:
-  explicit RandomFiller(unsigned seed) : random_(seed) {}
-
-  // Sets about two of three fields.
-  void Fill(Message* message) {
-    const Descriptor& type = *message->GetDescriptor();
-    for (int i = 0; i < type.field_count(); ++i) {
-      const int count = type.field(i)->is_repeated() ? Number(4) : Number(3);
-      for (int n = 0; n < (type.field(i)->is_repeated() ? count : count > 0);
-           ++n) {
-        Set(*type.field(i), message);
-      }
-    }
-  }
-
- private:
-  int Number(int below) {
-    return std::uniform_int_distribution<int>(0, below - 1)(random_);
-  }
-
-  // Not every runtime takes strings in the same way.
-  template <typename P, typename T>
-  void Put(void (Reflection::*set)(Message*, const FieldDescriptor*, P) const,
-           void (Reflection::*add)(Message*, const FieldDescriptor*, P) const,
-           const T& value, const FieldDescriptor& field, Message* message) {
-    const auto put = field.is_repeated() ? add : set;
-    (message->GetReflection()->*put)(message, &field, value);
-  }
-
-  void Set(const FieldDescriptor& field, Message* message) {
-    using R = Reflection;
-    switch (field.cpp_type()) {
-      case FieldDescriptor::CPPTYPE_BOOL:
-        return Put(&R::SetBool, &R::AddBool, true, field, message);
-      case FieldDescriptor::CPPTYPE_ENUM:
-        return Put(&R::SetEnumValue, &R::AddEnumValue,
-                   Number(field.enum_type()->value_count()), field, message);
-      case FieldDescriptor::CPPTYPE_FLOAT:
-        return Put(&R::SetFloat, &R::AddFloat,
-                   static_cast<float>(Number(100000)) / 7, field, message);
-      case FieldDescriptor::CPPTYPE_INT32:
-        return Put(&R::SetInt32, &R::AddInt32, Number(4000) - 500, field,
-                   message);
-      case FieldDescriptor::CPPTYPE_UINT32:
-        return Put(&R::SetUInt32, &R::AddUInt32,
-                   static_cast<uint32_t>(Number(4000)), field, message);
-      case FieldDescriptor::CPPTYPE_INT64:
-        return Put(&R::SetInt64, &R::AddInt64, int64_t{Number(4000)} << 20,
-                   field, message);
-      case FieldDescriptor::CPPTYPE_UINT64:
-        return Put(&R::SetUInt64, &R::AddUInt64,
-                   static_cast<uint64_t>(Number(4000)) << 20, field, message);
-      case FieldDescriptor::CPPTYPE_STRING:
-        return Put(&R::SetString, &R::AddString, std::string("rear_wide"),
-                   field, message);
-      case FieldDescriptor::CPPTYPE_MESSAGE:
-        return Fill(
-            field.is_repeated()
-                ? message->GetReflection()->AddMessage(message, &field)
-                : message->GetReflection()->MutableMessage(message, &field));
-      default:
-        FAIL() << field.full_name();
-    }
-  }
-
-  std::mt19937 random_;
-};
-
 TEST(Identify, RanksTheTypeOfRandomRecordsFirst) {
   int identified = 0;
   int all = 0;
@@ -127,7 +58,7 @@ TEST(Identify, RanksTheTypeOfRandomRecordsFirst) {
   for (unsigned seed = 0; seed < 10; ++seed) {
     for (const Descriptor* const root : Roots()) {
       const std::unique_ptr<Message> message(factory.GetPrototype(root)->New());
-      RandomFiller(seed).Fill(message.get());
+      RandomFiller(seed, RandomFiller::kPlausible).Fill(message.get());
       const std::string bytes = message->SerializeAsString();
       if (bytes.size() < 8) continue;
       ++all;

@@ -5,12 +5,13 @@
 
 #include "tools/commands/commands.h"
 #include "tools/formats/json.h"
+#include "tools/formats/json_members.h"
 #include "tools/formats/outline.h"
 #include "tools/formats/record_csv.h"
-#include "tools/formats/selection.h"
 #include "tools/formats/text_format.h"
 #include "tools/io/progress.h"
 #include "tools/record/path.h"
+#include "tools/record/value_text.h"
 #include "tools/wire/record_tree.h"
 
 namespace vantiro {
@@ -23,11 +24,9 @@ struct Options {
   std::string format = "text";
   std::vector<std::string> paths;
   bool defaults = false;
+  std::string names = "json";
+  bool strict = false;
 };
-
-Json ErrorJson(const Fault& fault) {
-  return {{"offset", fault.offset}, {"path", fault.path}, {"what", fault.what}};
-}
 
 class Decoder {
  public:
@@ -36,7 +35,8 @@ class Decoder {
         io_(*io),
         style_(io->style()),
         paths_(options.paths, Types(options.type)),
-        csv_(paths_, &std::cout) {}
+        json_{options.names == "original", options.strict},
+        csv_(paths_, json_, &std::cout) {}
 
   void Run() {
     if (options_.format == "csv") csv_.WriteHeadings();
@@ -120,8 +120,11 @@ class Decoder {
   // One document, or JSON Lines for several files.
   void WriteJson(const std::string& file, const Record& record,
                  const std::optional<Fault>& fault) const {
-    Json json = paths_.empty() ? ToJson(record) : SelectedJson(paths_, record);
-    if (fault.has_value()) json["@error"] = ErrorJson(*fault);
+    Json json =
+        paths_.empty() ? ToJson(record, json_) : ToJson(paths_, record, json_);
+    if (fault.has_value() && !json_.is_strict) {
+      json[kErrorMember] = ToJson(*fault);
+    }
     if (HasSeveralFiles()) {
       std::cout << Json{{"file", file}, {"record", json}}.dump() << '\n';
     } else {
@@ -133,6 +136,7 @@ class Decoder {
   CommandIo& io_;
   const Style style_;
   const Paths paths_;
+  const JsonOptions json_;
   RecordCsv csv_;
 };
 
@@ -160,6 +164,15 @@ void AddDecode(CLI::App* program, CommandIo* io) {
       ->allow_extra_args(false);
   command->add_flag("--defaults", options->defaults,
                     "Show also fields with their default value");
+  command
+      ->add_option("--names", options->names,
+                   "The names of fields in JSON: json (camel case) or original "
+                   "(those of the schema); encode reads both")
+      ->check(CLI::IsMember({"json", "original"}))
+      ->type_name("NAMES");
+  command->add_flag("--strict", options->strict,
+                    "Leave out of JSON what other programs do not know: the "
+                    "members @unknown, @nan, @not_utf8 and @error");
   io->AddInputOptions(command);
   command->footer(
       "Example:\n"

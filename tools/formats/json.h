@@ -1,17 +1,18 @@
-// Records in the JSON of proto3, with the field names of the schema.
+// Records as JSON, as all Protocol Buffers libraries read and write it.
 //
-// 64-bit integers are strings, as proto3 has them. It differs in this: bytes
-// are hexadecimal, a NaN has its bits, and unknown fields are in an array named
-// "@unknown". A string that is not UTF-8, which only a damaged record has, is
-// {"@not_utf8": "<hexadecimal>"}.
+// What this JSON cannot hold is in members that begin with "@": in the object
+// of a message "@unknown" has its unknown fields, "@nan" the bits of NaNs other
+// than the usual one, and "@not_utf8" the strings that are not UTF-8, which
+// only a damaged record has. "@error" is a note of the fault of a damaged
+// record.
 
 #ifndef VANTIRO_TOOLS_FORMATS_JSON_H_
 #define VANTIRO_TOOLS_FORMATS_JSON_H_
 
-#include <cstdint>
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "tools/record/path.h"
 #include "tools/record/record.h"
 
 namespace vantiro {
@@ -19,12 +20,23 @@ namespace tools {
 
 using Json = nlohmann::ordered_json;
 
+struct JsonOptions {
+  // The field names of the schema instead of those in camel case.
+  bool has_original_names = false;
+  // Without the members that begin with "@".
+  bool is_strict = false;
+};
+
 // All fields in `record`.
-Json ToJson(const Record& record);
-// A scalar of these bits.
-Json ToJson(const FieldDescriptor& field, uint64_t bits);
-Json ToJson(const FieldValue& value);
-// The inverse. Throws a FormatError.
+Json ToJson(const Record& record, const JsonOptions& options);
+// An object with a member for each path: its value, null if there is none, or
+// an array if the path can lead to several.
+Json ToJson(const Paths& paths, const Record& record,
+            const JsonOptions& options);
+// The value of "@error".
+Json ToJson(const Fault& fault);
+
+// The inverse of the first. Takes both kinds of names. Throws a FormatError.
 Record ReadJson(const Descriptor& type, const std::string& text);
 
 }  // namespace tools

@@ -1,13 +1,20 @@
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <set>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
+#include "tools/formats/base64.h"
 #include "tools/formats/format_error.h"
 #include "tools/formats/json.h"
+#include "tools/formats/json_members.h"
 #include "tools/formats/unknown_value.h"
 #include "tools/record/value_text.h"
 #include "tools/wire/hex.h"
+#include "tools/wire/scalar.h"
 
 namespace vantiro {
 namespace tools {
@@ -17,17 +24,32 @@ using google::protobuf::UnknownFieldSet;
 using google::protobuf::internal::WireFormatLite;
 
 constexpr int kMaxDepth = 100;
-constexpr char kUnknown[] = "@unknown";
-// A note of the fault of a damaged record.
-constexpr char kError[] = "@error";
+
+// The largest up to which doubles have all integers.
+constexpr double kMaxExactInteger = 9007199254740992;
+
+// A whole number may be written as 1e3 or 1.0.
+bool IsWhole(double number) {
+  return std::nearbyint(number) == number &&
+         std::fabs(number) <= kMaxExactInteger;
+}
 
 // The text of a scalar, as ScalarText writes it.
-std::string TextOf(const Json& value) {
+std::string TextOf(const FieldDescriptor& field, const Json& value) {
+  if (value.is_number_float() && !IsFloat(field) &&
+      IsWhole(value.get<double>())) {
+    return std::to_string(static_cast<int64_t>(value.get<double>()));
+  }
   if (!value.is_string()) return value.dump();
-  const auto text = value.get<std::string>();
-  if (text.compare(0, 3, "NaN") == 0) return "nan" + text.substr(3);
+  auto text = value.get<std::string>();
+  if (!IsFloat(field)) return text;
+  if (text == "NaN") return "nan";
   if (text == "Infinity") return "inf";
-  return text == "-Infinity" ? "-inf" : text;
+  if (text == "-Infinity") return "-inf";
+  // The text format has names for numbers that JSON does not have.
+  const bool is_number =
+      text.find_first_not_of("0123456789+-.eE") == std::string::npos;
+  return is_number ? text : "";
 }
 
 class JsonReader {
@@ -36,12 +58,16 @@ class JsonReader {
     if (!object.is_object()) Fail("expected an object");
     Enter();
     for (const auto& item : object.items()) {
+      if (item.key().rfind('@', 0) == 0) continue;
       path_.push_back(item.key());
-      if (item.key() == kUnknown) {
-        ReadUnknown(item.value(), record->type, &record->unknown);
-      } else if (item.key() != kError) {
-        ReadField(item.value(), record);
-      }
+      ReadField(item.value(), record);
+      path_.pop_back();
+    }
+    // These are about fields, and may come before them.
+    for (const auto& item : object.items()) {
+      if (item.key().rfind('@', 0) != 0) continue;
+      path_.push_back(item.key());
+      ReadMember(item.value(), record);
       path_.pop_back();
     }
     --depth_;
@@ -62,11 +88,14 @@ class JsonReader {
   }
 
   void ReadField(const Json& value, Record* record) {
-    const FieldDescriptor* const field =
-        record->type->FindFieldByName(path_.back());
+    const FieldDescriptor* const field = FindField(*record->type, path_.back());
     if (field == nullptr) {
       Fail(record->type->full_name() + " has no such field");
     }
+    if (record->fields.count(field->number()) > 0) {
+      Fail("the field occurs twice, by both of its names");
+    }
+    if (value.is_null()) return;
     FieldValue* const target = record->Mutable(*field);
     if (!field->is_repeated()) {
       ReadValue(value, target);
@@ -87,18 +116,28 @@ class JsonReader {
       target->messages.emplace_back(*field.message_type());
       Read(value, &target->messages.back());
     } else if (field.type() == FieldDescriptor::TYPE_BYTES) {
-      target->string_value = ReadHex(value);
+      target->string_value = ReadBase64(value);
     } else if (field.type() == FieldDescriptor::TYPE_STRING) {
-      if (!value.is_string())
+      if (!value.is_string()) {
         Fail("expected a string instead of " + value.dump());
+      }
       target->string_value = value.get<std::string>();
     } else {
       uint64_t bits;
-      if (!ParseScalar(field, TextOf(value), &bits)) {
+      if (!ParseScalar(field, TextOf(field, value), &bits)) {
         Fail("cannot read " + value.dump() + " as " + field.type_name());
       }
       target->scalars.push_back(bits);
     }
+  }
+
+  // Of the usual alphabet or the one for URLs, with or without padding.
+  std::string ReadBase64(const Json& value) {
+    std::string bytes;
+    if (!value.is_string() || !ParseBase64(value.get<std::string>(), &bytes)) {
+      Fail("expected bytes as a string in base64");
+    }
+    return bytes;
   }
 
   std::string ReadHex(const Json& value) {
@@ -109,9 +148,78 @@ class JsonReader {
     return bytes;
   }
 
+  void ReadMember(const Json& value, Record* record) {
+    const std::string& name = path_.back();
+    if (name == kUnknownMember) {
+      ReadUnknown(value, record->type, &record->unknown);
+    } else if (name == kNanMember) {
+      ReadEach(value, [&](const Json& bits) { ReadNan(bits, record); });
+    } else if (name == kNotUtf8Member) {
+      ReadEach(value, [&](const Json& hex) { ReadNotUtf8(hex, record); });
+    } else if (name != kErrorMember) {
+      Fail("expected @unknown, @nan, @not_utf8 or @error");
+    }
+  }
+
+  template <typename Read>
+  void ReadEach(const Json& object, const Read& read) {
+    if (!object.is_object()) Fail("expected an object");
+    for (const auto& item : object.items()) {
+      path_.push_back(item.key());
+      read(item.value());
+      path_.pop_back();
+    }
+  }
+
+  // Sets the bits of a NaN, "field" or "field[2]", that is in the record.
+  void ReadNan(const Json& value, Record* record) {
+    const uint64_t bits = ReadNumber(value, UINT32_MAX);
+    const std::string& name = path_.back();
+    const size_t bracket = std::min(name.find('['), name.size());
+    const FieldDescriptor* const field =
+        FindField(*record->type, name.substr(0, bracket));
+    if (field == nullptr || !IsFloat(*field)) Fail("no such float");
+    std::vector<uint64_t>& scalars = record->Mutable(*field)->scalars;
+    uint64_t index = 0;
+    const bool has_index =
+        bracket < name.size() && name.back() == ']' &&
+        ParseUnsigned(std::string_view(name).substr(bracket + 1,
+                                                    name.size() - bracket - 2),
+                      &index);
+    if (has_index != field->is_repeated() || index >= scalars.size() ||
+        !IsNan(scalars[index]) || !IsNan(bits)) {
+      Fail("not a NaN");
+    }
+    scalars[index] = bits;
+  }
+
+  void ReadNotUtf8(const Json& value, Record* record) {
+    const FieldDescriptor* const field = FindField(*record->type, path_.back());
+    if (field == nullptr || field->type() != FieldDescriptor::TYPE_STRING ||
+        record->fields.count(field->number()) > 0) {
+      Fail("expected a string that has no other value");
+    }
+    record->Mutable(*field)->string_value = ReadHex(value);
+  }
+
+  // By either name.
+  const FieldDescriptor* FindField(const Descriptor& type,
+                                   const std::string& name) {
+    const auto [entry, is_new] = fields_.try_emplace(&type);
+    auto& fields = entry->second;
+    for (int i = 0; is_new && i < type.field_count(); ++i) {
+      fields[type.field(i)->json_name()] = type.field(i);
+      fields[type.field(i)->name()] = type.field(i);
+    }
+    const auto found = fields.find(name);
+    return found == fields.end() ? nullptr : found->second;
+  }
+
   uint64_t ReadNumber(const Json& value, uint64_t max) {
+    const std::string text =
+        value.is_string() ? value.get<std::string>() : value.dump();
     uint64_t number;
-    if (!ParseUnsigned(TextOf(value), &number) || number > max) {
+    if (!ParseUnsigned(text, &number) || number > max) {
       Fail("expected a number up to " + std::to_string(max) + " instead of " +
            value.dump());
     }
@@ -166,6 +274,9 @@ class JsonReader {
     }
   }
 
+  std::unordered_map<const Descriptor*,
+                     std::unordered_map<std::string, const FieldDescriptor*>>
+      fields_;
   std::vector<std::string> path_;
   // The root is level 0.
   int depth_ = -1;

@@ -3,20 +3,22 @@
 #include <vector>
 
 #include "tools/formats/csv.h"
-#include "tools/formats/selection.h"
 #include "tools/record/leaves.h"
+#include "tools/record/value_text.h"
 
 namespace vantiro {
 namespace tools {
 namespace {
 
-std::string Cell(const std::optional<Path>& path, const Record& record) {
+std::string Cell(const std::optional<Path>& path, const Record& record,
+                 const JsonOptions& options) {
   std::string cell;
   if (!path.has_value()) return cell;
   for (const Selected& selected : Select(*path, record)) {
     if (!cell.empty()) cell += ' ';
-    cell += selected.message != nullptr ? ToJson(*selected.message).dump()
-                                        : SelectedText(selected);
+    cell += selected.message != nullptr
+                ? ToJson(*selected.message, options).dump()
+                : SelectedText(selected);
   }
   return cell;
 }
@@ -36,7 +38,7 @@ void RecordCsv::WriteRecord(const std::string& file, const Record& record,
   if (!paths_.empty()) {
     std::vector<std::string> row = {file};
     for (const std::optional<Path>& path : paths_.For(*record.type)) {
-      row.push_back(Cell(path, record));
+      row.push_back(Cell(path, record, options_));
     }
     row.push_back(error);
     WriteCsvRow(row, &out_);

@@ -6,6 +6,7 @@
 #include <ostream>
 #include <string>
 
+#include "tools/formats/json.h"
 #include "tools/record/path.h"
 
 namespace vantiro {
@@ -15,8 +16,9 @@ namespace tools {
 // last column is for an error.
 class RecordCsv {
  public:
-  RecordCsv(const Paths& paths, std::ostream* out)
-      : paths_(paths), out_(*out) {}
+  // Messages in cells are JSON.
+  RecordCsv(const Paths& paths, const JsonOptions& options, std::ostream* out)
+      : paths_(paths), options_(options), out_(*out) {}
 
   void WriteHeadings();
   // A cell is empty if its path leads to nothing that is in the record's bytes
@@ -28,6 +30,7 @@ class RecordCsv {
 
  private:
   const Paths& paths_;
+  const JsonOptions options_;
   std::ostream& out_;
 };
 

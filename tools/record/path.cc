@@ -26,12 +26,21 @@ std::optional<size_t> RemoveIndex(std::string_view* step) {
   return index;
 }
 
+// By either of its names.
+const FieldDescriptor* FindField(const Descriptor& type,
+                                 const std::string& name) {
+  for (int i = 0; i < type.field_count(); ++i) {
+    if (type.field(i)->json_name() == name) return type.field(i);
+  }
+  return type.FindFieldByName(name);
+}
+
 PathStep ParseStep(const Descriptor* type, std::string_view text) {
   PathStep step{nullptr, RemoveIndex(&text)};
   const std::string name(text);
   if (type == nullptr)
     throw NameError("the field before ." + name + " is not a message");
-  step.field = type->FindFieldByName(name);
+  step.field = FindField(*type, name);
   if (step.field == nullptr) {
     throw NameError(type->full_name() + " has no field '" + name + "'; 'show " +
                     type->full_name() + "' lists them");

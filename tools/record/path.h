@@ -1,4 +1,5 @@
-// Paths to values in a record: "a.b[2].c".
+// Paths to values in a record: "a.b[2].c". Fields have their names in the
+// schema or those in JSON.
 
 #ifndef VANTIRO_TOOLS_RECORD_PATH_H_
 #define VANTIRO_TOOLS_RECORD_PATH_H_

@@ -3,6 +3,7 @@
 #include <google/protobuf/stubs/strutil.h>
 
 #include <charconv>
+#include <cmath>
 
 #include "tools/wire/hex.h"
 #include "tools/wire/scalar.h"
@@ -10,8 +11,6 @@
 namespace vantiro {
 namespace tools {
 namespace {
-
-constexpr uint32_t kUsualNan = 0x7fc00000;
 
 std::string FloatText(uint64_t bits) {
   if (IsNan(bits)) {
@@ -30,6 +29,14 @@ bool ParseNumber(std::string_view text, T* value, Base... base) {
   return result.ec == std::errc() && result.ptr == end;
 }
 
+// A number that is nearer to 0 than to any other float.
+bool ParseTiny(std::string_view text, float* value) {
+  double wide;
+  if (!ParseNumber(text, &wide) || std::fabs(wide) > 1) return false;
+  *value = static_cast<float>(wide);
+  return true;
+}
+
 bool ParseFloat(std::string_view text, uint64_t* bits) {
   constexpr std::string_view kNanBits = "nan(0x";
   if (text.substr(0, kNanBits.size()) == kNanBits && text.back() == ')') {
@@ -45,7 +52,7 @@ bool ParseFloat(std::string_view text, uint64_t* bits) {
     return true;
   }
   float value;
-  if (!ParseNumber(text, &value)) return false;
+  if (!ParseNumber(text, &value) && !ParseTiny(text, &value)) return false;
   *bits = FromFloat(value);
   return !IsNan(*bits);
 }
@@ -122,6 +129,13 @@ std::string ValueText(const FieldValue& value) {
     text += ScalarText(field, bits);
   }
   return text + ']';
+}
+
+std::string SelectedText(const Selected& selected) {
+  const FieldValue& value = *selected.value;
+  return selected.index.has_value()
+             ? ScalarText(*value.field, value.scalars[*selected.index])
+             : ValueText(value);
 }
 
 std::string Quoted(std::string_view text) {

@@ -7,10 +7,14 @@
 #include <string>
 #include <string_view>
 
+#include "tools/record/path.h"
 #include "tools/record/record.h"
 
 namespace vantiro {
 namespace tools {
+
+// The bits of the NaN that has no bits in text and JSON.
+constexpr uint32_t kUsualNan = 0x7fc00000;
 
 // "-12", "0.1", "inf", "true", "OPERATION_PREVIEW". A float has as many digits
 // as identify it; a NaN other than the usual one has its bits, as in
@@ -23,6 +27,8 @@ bool ParseScalar(const FieldDescriptor& field, std::string_view text,
 // A scalar as above, a repeated one as "[1, 2]", a string in quotes, and bytes
 // in quotes with \x escapes. Not for messages.
 std::string ValueText(const FieldValue& value);
+// The same for what a path leads to.
+std::string SelectedText(const Selected& selected);
 
 // A quoted string with C escapes for characters that do not print.
 std::string Quoted(std::string_view text);

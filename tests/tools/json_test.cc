@@ -1,0 +1,157 @@
+// The JSON is that of Protocol Buffers: its own library reads what the program
+// writes, and the program reads what that library writes.
+
+#include "tools/formats/json.h"
+
+#include <google/protobuf/dynamic_message.h>
+#include <google/protobuf/util/json_util.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "tests/support/bytes.h"
+#include "tests/tools/random_filler.h"
+#include "tools/formats/format_error.h"
+#include "tools/wire/record_tree.h"
+
+namespace vantiro {
+namespace tools {
+namespace {
+
+using google::protobuf::DynamicMessageFactory;
+using google::protobuf::Message;
+using google::protobuf::util::JsonPrintOptions;
+using tests::FromHex;
+using tests::ToHex;
+
+constexpr unsigned kRecordsOfAType = 8;
+
+// With the usual NaN instead of others, which JSON has not, and as the library
+// writes it.
+std::string Canonical(const Descriptor& type, const std::string& bytes) {
+  const Record record = MakeRecord(ReadRecord(type, bytes));
+  return Serialize(
+      ReadJson(type, ToJson(record, JsonOptions{false, true}).dump()));
+}
+
+std::string Written(const Descriptor& type, const std::string& bytes) {
+  return Serialize(MakeRecord(ReadRecord(type, bytes)));
+}
+
+class ProtoJson : public testing::Test {
+ protected:
+  template <typename Check>
+  void ForRandomRecords(const Check& check) {
+    for (const Descriptor* const type : Schema::BuiltIn().messages()) {
+      for (unsigned seed = 0; seed < kRecordsOfAType; ++seed) {
+        const std::unique_ptr<Message> message = New(*type);
+        RandomFiller(seed, RandomFiller::kExtreme).Fill(message.get());
+        SCOPED_TRACE(type->full_name() +
+                     "\n  bytes: " + ToHex(message->SerializeAsString()));
+        check(*message);
+        if (HasFailure()) return;
+      }
+    }
+  }
+
+  std::unique_ptr<Message> New(const Descriptor& type) {
+    return std::unique_ptr<Message>(factory_.GetPrototype(&type)->New());
+  }
+
+ private:
+  DynamicMessageFactory factory_;
+};
+
+TEST_F(ProtoJson, IsReadByTheRuntime) {
+  ForRandomRecords([this](const Message& message) {
+    const Descriptor& type = *message.GetDescriptor();
+    const std::string bytes = message.SerializeAsString();
+    const Record record = MakeRecord(ReadRecord(type, bytes));
+    for (const bool has_original_names : {false, true}) {
+      const std::string json =
+          ToJson(record, JsonOptions{has_original_names, true}).dump();
+      const std::unique_ptr<Message> read = New(type);
+      const auto status =
+          google::protobuf::util::JsonStringToMessage(json, read.get());
+      ASSERT_TRUE(status.ok()) << status.ToString() << '\n' << json;
+      ASSERT_EQ(ToHex(Written(type, read->SerializeAsString())),
+                ToHex(Canonical(type, bytes)))
+          << json;
+    }
+  });
+}
+
+TEST_F(ProtoJson, OfTheRuntimeIsRead) {
+  ForRandomRecords([](const Message& message) {
+    const Descriptor& type = *message.GetDescriptor();
+    for (const bool is_other_style : {false, true}) {
+      JsonPrintOptions options;
+      options.preserve_proto_field_names = is_other_style;
+      options.always_print_primitive_fields = is_other_style;
+      options.always_print_enums_as_ints = is_other_style;
+      std::string json;
+      ASSERT_TRUE(
+          google::protobuf::util::MessageToJsonString(message, &json, options)
+              .ok());
+      ASSERT_EQ(ToHex(Serialize(ReadJson(type, json))),
+                ToHex(Canonical(type, message.SerializeAsString())))
+          << json;
+    }
+  });
+}
+
+TEST_F(ProtoJson, WithAllMembersHoldsTheWholeRecord) {
+  ForRandomRecords([](const Message& message) {
+    const Descriptor& type = *message.GetDescriptor();
+    const std::string bytes =
+        message.SerializeAsString() + FromHex("fa ff 7f 02 00 ff");
+    const Record record = MakeRecord(ReadRecord(type, bytes));
+    ASSERT_EQ(ToHex(Serialize(ReadJson(type, ToJson(record, {}).dump()))),
+              ToHex(Serialize(record)));
+  });
+}
+
+struct Case {
+  const char* type;
+  const char* json;
+  const char* hex;
+};
+
+TEST(Json, ReadsOtherNotations) {
+  for (const Case& c : std::vector<Case>{
+           {"FaceRoiType", R"({"field1": 1e3})", "08 e8 07"},
+           {"FaceRoiType", R"({"field1": 2.0})", "08 02"},
+           {"FaceRoiType", R"({"field1": null, "regionDimensionList": null})",
+            ""},
+           {"SensorHWLimit", R"({"field1": -9007199254740992.0})",
+            "08 ff ff ff ff ff ff ff 1f"},
+           {"RegionDimension", R"({"field1": "1e-60", "field7": "7"})",
+            "38 07"},
+           {"RegionDimension",
+            R"({"@nan": {"field1": "0xffc00001"},)"
+            R"("field1": "NaN"})",
+            "0d 01 00 c0 ff"},
+           {"ZhawbInformation",
+            R"({"@nan": {"field2[1]": "0x7f800001"},)"
+            R"("field2": [0, "NaN"]})",
+            "12 08 00 00 00 00 01 00 80 7f"},
+           {"ZHawbDebugCameraInformation", R"({"field8": "-_8"})",
+            "42 02 fb ff"},
+           {"ZHawbDebugCameraInformation", R"({"field8": "+/8="})",
+            "42 02 fb ff"},
+           {"ZHawbDebugCameraInformation",
+            R"({"@not_utf8": {"sensorName": "c328"}, "@error": {}})",
+            "0a 02 c3 28"},
+           {"ZAfManualFocusConfig", R"({"field1": "kDiopter"})", "08 01"},
+           {"ZAfManualFocusConfig", R"({"field1": 99})", "08 63"}}) {
+    EXPECT_EQ(ToHex(Serialize(
+                  ReadJson(Schema::BuiltIn().FindMessage(c.type), c.json))),
+              c.hex)
+        << c.json;
+  }
+}
+
+}  // namespace
+}  // namespace tools
+}  // namespace vantiro
