@@ -194,6 +194,7 @@ std::string FileGenerator::Source() const {
 
       #include "$Stem$.pb.h"
 
+      #include "internal/copy_fields.h"
       #include "internal/encoded_size.h"
       #include "internal/enum_names.h"
       #include "internal/message_operations.h"

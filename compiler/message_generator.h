@@ -61,6 +61,7 @@ class MessageGenerator {
   std::string Destructor() const;
   std::string DefaultInstanceOperations() const;
   std::string ClearAndMerge() const;
+  std::string CopyScalars() const;
   std::string Serialization() const;
   std::string SizeFields() const;
   std::string SerializeFields() const;

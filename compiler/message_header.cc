@@ -170,6 +170,7 @@ std::string MessageGenerator::ClassDefinition() const {
         $arena_members$
 
         void SetCachedSize(int size) const;
+        void CopyFields(const $Class$& from, ::vantiro::internal::CopyTarget target);
         void InternalSwap($Class$* other);
         const char* _InternalParse(const char* p, ::google::protobuf::internal::ParseContext* context) final;
         static const ::uint8_t* _InternalParseFlat(::google::protobuf::MessageLite* message, const ::uint8_t* p, const ::uint8_t* end, ::vantiro::internal::ParseState* state);

@@ -134,6 +134,11 @@ std::string MessageGenerator::ClearAndMerge() const {
       "_internal_metadata_.MergeFrom<::std::string>(from._internal_metadata_);"
       "\n" +
       arena + ForFields(&FieldGenerator::Merge);
+  const std::string copy =
+      "if (target == internal::CopyTarget::kNew) SetCachedSize(0);\n"
+      "internal::CopyUnknownFields(from._internal_metadata_, "
+      "&_internal_metadata_);\n" +
+      arena + ForFields(&FieldGenerator::Copy) + CopyScalars();
   const std::string swap =
       "_internal_metadata_.Swap<::std::string>(&other->_internal_metadata_);"
       "\n" +
@@ -145,6 +150,10 @@ std::string MessageGenerator::ClearAndMerge() const {
           {{"clear", Function("void $Class$::Clear()", clear)},
            {"merge",
             Function("void $Class$::MergeFrom(const $Class$& from)", merge)},
+           {"clear_only", IfDefaultInstance("&from", "return Clear();")},
+           {"copy", Function("void $Class$::CopyFields(const $Class$& from, "
+                             "internal::CopyTarget target)",
+                             copy)},
            {"swap",
             Function("void $Class$::InternalSwap($Class$* other)", swap)}}),
       R"(
@@ -154,15 +163,33 @@ std::string MessageGenerator::ClearAndMerge() const {
 
       void $Class$::CopyFrom(const $Class$& from) {
         if (&from == this) return;
-        Clear();
-        MergeFrom(from);
+        $clear_only$
+        CopyFields(from, internal::CopyTarget::kCleared);
       }
+
+      $copy$
 
       void $Class$::CheckTypeAndMergeFrom(const ::google::protobuf::MessageLite& from) { internal::MergeUnchecked(from, this); }
 
       $swap$
 
   )");
+}
+
+std::string MessageGenerator::CopyScalars() const {
+  if (!HasScalars()) return "";
+  std::string result = "scalars_ = from.scalars_;\n";
+  for (const auto& group : ScalarGroups()) {
+    if (group.front()->size_kind() != "Float") continue;
+    result += Substitute({{"count", std::to_string(group.size())},
+                          {"first", group.front()->name()},
+                          {"last", group.back()->name()}},
+                         R"(
+      // $first$ to $last$
+      internal::DropNegativeZeros<$count$>(&scalars_.$first$);
+    )");
+  }
+  return result;
 }
 
 std::string MessageGenerator::Parsing() const {

@@ -56,6 +56,7 @@ class FieldGenerator {
   virtual std::string DeleteSubMessage() const { return ""; }
   virtual std::string Clear() const { return ""; }
   virtual std::string Merge() const = 0;
+  virtual std::string Copy() const { return ""; }
   virtual std::string Swap() const { return ""; }
   virtual std::string ByteSize() const = 0;
   virtual std::string Serialize() const = 0;

@@ -113,6 +113,12 @@ std::string MessageFieldGenerator::Merge() const {
   )");
 }
 
+std::string MessageFieldGenerator::Copy() const {
+  return Substitute(variables(), R"(
+      internal::CopySubMessage(from.$name$_, $local_arena$, &$name$_);
+  )");
+}
+
 std::string MessageFieldGenerator::Swap() const {
   return Substitute(variables(), R"(
       ::std::swap($name$_, other->$name$_);

@@ -28,6 +28,7 @@ class MessageFieldGenerator : public FieldGenerator {
   std::string DeleteSubMessage() const override;
   std::string Clear() const override;
   std::string Merge() const override;
+  std::string Copy() const override;
   std::string Swap() const override;
   std::string ByteSize() const override;
   std::string Serialize() const override;

@@ -68,6 +68,12 @@ std::string RepeatedMessageFieldGenerator::Merge() const {
   )");
 }
 
+std::string RepeatedMessageFieldGenerator::Copy() const {
+  return Substitute(variables(), R"(
+      internal::CopyRepeated(from.$name$_, target, &$name$_);
+  )");
+}
+
 std::string RepeatedMessageFieldGenerator::Swap() const {
   return Substitute(variables(), R"(
       $name$_.InternalSwap(&other->$name$_);

@@ -22,6 +22,7 @@ class RepeatedMessageFieldGenerator : public FieldGenerator {
   std::string NonInlineAccessorDefinitions() const override;
   std::string Clear() const override;
   std::string Merge() const override;
+  std::string Copy() const override;
   std::string Swap() const override;
   std::string ByteSize() const override;
   std::string Serialize() const override;

@@ -63,6 +63,12 @@ std::string RepeatedScalarFieldGenerator::Merge() const {
   )");
 }
 
+std::string RepeatedScalarFieldGenerator::Copy() const {
+  return Substitute(variables(), R"(
+      internal::CopyRepeated(from.$name$_, target, &$name$_);
+  )");
+}
+
 std::string RepeatedScalarFieldGenerator::Swap() const {
   return Substitute(variables(), R"(
       $name$_.InternalSwap(&other->$name$_);

@@ -25,6 +25,7 @@ class RepeatedScalarFieldGenerator : public FieldGenerator {
   std::string AccessorDeclarations() const override;
   std::string Clear() const override;
   std::string Merge() const override;
+  std::string Copy() const override;
   std::string Swap() const override;
   std::string ByteSize() const override;
   std::string Serialize() const override;

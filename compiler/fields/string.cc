@@ -72,6 +72,12 @@ std::string StringFieldGenerator::Merge() const {
   )");
 }
 
+std::string StringFieldGenerator::Copy() const {
+  return Substitute(variables(), R"(
+      internal::CopyString(from.$name$_, GetArenaForAllocation(), &$name$_);
+  )");
+}
+
 std::string StringFieldGenerator::Swap() const {
   return Substitute(variables(), R"(
       ::google::protobuf::internal::ArenaStringPtr::InternalSwap(&$name$_, GetArenaForAllocation(), &other->$name$_, other->GetArenaForAllocation());

@@ -26,6 +26,7 @@ class StringFieldGenerator : public FieldGenerator {
   std::string Destroy() const override;
   std::string Clear() const override;
   std::string Merge() const override;
+  std::string Copy() const override;
   std::string Swap() const override;
   std::string ByteSize() const override;
   std::string Serialize() const override;

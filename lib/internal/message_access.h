@@ -11,6 +11,7 @@
 namespace vantiro {
 namespace internal {
 
+enum class CopyTarget;
 struct ParseState;
 class Writer;
 
@@ -51,6 +52,17 @@ class MessageAccess {
   template <typename T>
   static uint8_t* Serialize(const T& message, uint8_t* p, Writer* writer) {
     return message._InternalSerializeFlat(p, writer);
+  }
+
+  template <typename T>
+  static void Copy(const T& from, CopyTarget target, T* to) {
+    to->CopyFields(from, target);
+  }
+
+  // The arena that `message` was created for, null if it was for none.
+  template <typename T>
+  static google::protobuf::Arena* ArenaOf(const T& message) {
+    return message.GetOwningArena();
   }
 
   template <typename T>
