@@ -6,6 +6,7 @@
 #include "tools/formats/annotation.h"
 #include "tools/io/pager.h"
 #include "tools/page/annotation_page.h"
+#include "tools/wire/escape.h"
 
 namespace vantiro {
 namespace tools {
@@ -19,8 +20,9 @@ struct Options {
 
 void WritePage(const Options& options, const RecordTree& tree) {
   std::ostringstream page;
-  WriteAnnotationPage(tree, options.file == "-" ? "Record" : options.file,
-                      &page);
+  WriteAnnotationPage(
+      tree, options.file == "-" ? "Record" : EscapeControls(options.file),
+      &page);
   if (options.page == "-") {
     std::cout << page.str();
     return;

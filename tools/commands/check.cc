@@ -10,6 +10,7 @@
 #include "tools/commands/commands.h"
 #include "tools/formats/json.h"
 #include "tools/io/progress.h"
+#include "tools/wire/escape.h"
 
 namespace vantiro {
 namespace tools {
@@ -101,7 +102,7 @@ class Checker {
       return;
     }
     if (io_.quiet() && verdict == kVerdicts[0]) return;
-    std::cout << file << ": " << style_.Name(verdict);
+    std::cout << EscapeControls(file) << ": " << style_.Name(verdict);
     if (result.type != nullptr) {
       std::cout << style_.Note(" (" + result.type->full_name() + ")");
     }
@@ -141,7 +142,7 @@ class Checker {
     if (!result.report.fault.empty()) json["fault"] = result.report.fault;
     json["differences"] = CountsToJson(result.report.differences);
     json["remarks"] = CountsToJson(result.report.remarks);
-    std::cout << json.dump() << '\n';
+    std::cout << JsonText(json, -1) << '\n';
   }
 
   void WriteSummary() {

@@ -12,6 +12,7 @@
 #include "tools/io/progress.h"
 #include "tools/record/path.h"
 #include "tools/record/value_text.h"
+#include "tools/wire/escape.h"
 #include "tools/wire/record_tree.h"
 
 namespace vantiro {
@@ -76,7 +77,8 @@ class Decoder {
     } else if (options_.format == "json") {
       WriteJson(file, record, tree.fault);
     } else {
-      if (HasSeveralFiles()) std::cout << style_.Note("# " + file) << '\n';
+      if (HasSeveralFiles())
+        std::cout << style_.Note("# " + EscapeControls(file)) << '\n';
       WriteReadable(record);
     }
     io_.ReportFault(file, tree.fault);
@@ -85,7 +87,7 @@ class Decoder {
   void WriteUnread(const std::string& file, const std::string& error) {
     if (options_.format == "csv") csv_.WriteError(file, error);
     if (options_.format == "json") {
-      std::cout << Json{{"file", file}, {"error", error}}.dump() << '\n';
+      std::cout << JsonText({{"file", file}, {"error", error}}, -1) << '\n';
     }
     std::cout.flush();
     std::cerr << "vantiro-records: " << error << '\n';
@@ -126,9 +128,9 @@ class Decoder {
       json[kErrorMember] = ToJson(*fault);
     }
     if (HasSeveralFiles()) {
-      std::cout << Json{{"file", file}, {"record", json}}.dump() << '\n';
+      std::cout << JsonText({{"file", file}, {"record", json}}, -1) << '\n';
     } else {
-      std::cout << json.dump(2) << '\n';
+      std::cout << JsonText(json, 2) << '\n';
     }
   }
 

@@ -7,6 +7,7 @@
 #include "tools/identify/identify.h"
 #include "tools/io/table.h"
 #include "tools/wire/delimited.h"
+#include "tools/wire/escape.h"
 
 namespace vantiro {
 namespace tools {
@@ -28,7 +29,8 @@ void MakeFolder(const std::string& folder) {
   std::error_code error;
   fs::create_directories(folder, error);
   if (error) {
-    throw UsageError("cannot create " + folder + ": " + error.message());
+    throw UsageError("cannot create " + EscapeControls(folder) + ": " +
+                     error.message());
   }
 }
 

@@ -33,6 +33,9 @@ Json ToJson(const Record& record, const JsonOptions& options);
 // an array if the path can lead to several.
 Json ToJson(const Paths& paths, const Record& record,
             const JsonOptions& options);
+// The text of the JSON, with escapes for what EscapeControls escapes; in lines
+// with an indentation of `indent`, or in one line if that is -1.
+std::string JsonText(const Json& json, int indent);
 // The value of "@error".
 Json ToJson(const Fault& fault);
 

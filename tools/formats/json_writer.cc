@@ -7,6 +7,7 @@
 #include "tools/formats/json_members.h"
 #include "tools/record/leaves.h"
 #include "tools/record/value_text.h"
+#include "tools/wire/escape.h"
 #include "tools/wire/hex.h"
 #include "tools/wire/scalar.h"
 
@@ -195,6 +196,12 @@ Json ToJson(const Paths& paths, const Record& record,
     }
   }
   return object;
+}
+
+std::string JsonText(const Json& json, int indent) {
+  // A file name may not be UTF-8.
+  return EscapeControlsInLines(
+      json.dump(indent, ' ', false, Json::error_handler_t::replace));
 }
 
 Json ToJson(const Fault& fault) {

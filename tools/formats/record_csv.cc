@@ -1,14 +1,23 @@
 #include "tools/formats/record_csv.h"
 
+#include <string_view>
 #include <vector>
 
 #include "tools/formats/csv.h"
 #include "tools/record/leaves.h"
 #include "tools/record/value_text.h"
+#include "tools/wire/escape.h"
 
 namespace vantiro {
 namespace tools {
 namespace {
+
+// A cell that begins so can be a formula to the program that opens the file.
+std::string FileCell(const std::string& file) {
+  const bool is_formula = file != "-" && std::string_view("=+-@").find(
+                                             file[0]) != std::string::npos;
+  return (is_formula ? "'" : "") + EscapeControls(file);
+}
 
 std::string Cell(const std::optional<Path>& path, const Record& record,
                  const JsonOptions& options) {
@@ -17,7 +26,7 @@ std::string Cell(const std::optional<Path>& path, const Record& record,
   for (const Selected& selected : Select(*path, record)) {
     if (!cell.empty()) cell += ' ';
     cell += selected.message != nullptr
-                ? ToJson(*selected.message, options).dump()
+                ? JsonText(ToJson(*selected.message, options), -1)
                 : SelectedText(selected);
   }
   return cell;
@@ -36,7 +45,7 @@ void RecordCsv::WriteHeadings() {
 void RecordCsv::WriteRecord(const std::string& file, const Record& record,
                             const std::string& error) {
   if (!paths_.empty()) {
-    std::vector<std::string> row = {file};
+    std::vector<std::string> row = {FileCell(file)};
     for (const std::optional<Path>& path : paths_.For(*record.type)) {
       row.push_back(Cell(path, record, options_));
     }
@@ -47,7 +56,7 @@ void RecordCsv::WriteRecord(const std::string& file, const Record& record,
   bool is_empty = true;
   VisitLeaves(record, "",
               [&](const std::string& path, const std::string& value) {
-                WriteCsvRow({file, path, value, error}, &out_);
+                WriteCsvRow({FileCell(file), path, value, error}, &out_);
                 is_empty = false;
               });
   if (is_empty && !error.empty()) WriteError(file, error);
@@ -55,7 +64,7 @@ void RecordCsv::WriteRecord(const std::string& file, const Record& record,
 
 void RecordCsv::WriteError(const std::string& file, const std::string& error) {
   std::vector<std::string> row(paths_.empty() ? 4 : paths_.texts().size() + 2);
-  row.front() = file;
+  row.front() = FileCell(file);
   row.back() = error;
   WriteCsvRow(row, &out_);
 }

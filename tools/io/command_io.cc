@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -12,32 +11,18 @@
 #include <iostream>
 #include <iterator>
 
+#include "tools/formats/base64.h"
 #include "tools/identify/identify.h"
-#include "tools/wire/hex.h"
+#include "tools/io/hex_text.h"
+#include "tools/wire/escape.h"
 
 namespace vantiro {
 namespace tools {
 namespace {
 
-// Decodes hexadecimal as it is in logs: with spaces, commas or colons between
-// the bytes, and 0x before them.
-std::string DecodeHex(const std::string& text, const std::string& file) {
-  std::string digits;
-  for (size_t i = 0; i < text.size(); ++i) {
-    const auto c = static_cast<unsigned char>(text[i]);
-    if (c == '0' && i + 1 < text.size() && text[i + 1] == 'x') {
-      ++i;
-    } else if (std::isxdigit(c) != 0) {
-      digits += text[i];
-    } else if (std::isspace(c) == 0 && c != ',' && c != ':') {
-      throw UsageError(file + ": character " + std::to_string(i + 1) +
-                       " is not a hexadecimal digit");
-    }
-  }
+std::string DecodeBase64(const std::string& text) {
   std::string bytes;
-  if (!ParseHex(digits, &bytes)) {
-    throw UsageError(file + ": an odd number of hexadecimal digits");
-  }
+  if (!ParseBase64(text, &bytes)) throw HexError("not base64");
   return bytes;
 }
 
@@ -72,13 +57,23 @@ void CommandIo::AddOutputOptions(CLI::App* command) {
 }
 
 void CommandIo::AddInputOptions(CLI::App* command) {
-  command->add_flag("--hex", hex_, "The input is hexadecimal text");
+  CLI::Option* const hex = command->add_flag(
+      "--hex", hex_,
+      "The input is hexadecimal text: digits, a C array, or the output of xxd, "
+      "hexdump -C, od -tx1 or a log");
+  command->add_flag("--base64", base64_, "The input is base64")->excludes(hex);
   AddOutputOptions(command);
 }
 
 std::string CommandIo::ReadBytes(const std::string& file) const {
   std::string content = ReadFile(file);
-  return hex_ ? DecodeHex(content, file) : content;
+  try {
+    if (hex_) return ReadHexText(content);
+    if (base64_) return DecodeBase64(content);
+  } catch (const HexError& error) {
+    throw UsageError(EscapeControls(file) + ": " + error.what());
+  }
+  return content;
 }
 
 std::string CommandIo::ReadFile(const std::string& file) {
@@ -88,10 +83,12 @@ std::string CommandIo::ReadFile(const std::string& file) {
   }
   std::ifstream stream(file, std::ios::binary);
   if (!stream.good()) {
-    throw UsageError("cannot read " + file + ": " + std::strerror(errno));
+    throw UsageError("cannot read " + EscapeControls(file) + ": " +
+                     std::strerror(errno));
   }
   if (std::filesystem::is_directory(file)) {
-    throw UsageError("cannot read " + file + ": it is a folder");
+    throw UsageError("cannot read " + EscapeControls(file) +
+                     ": it is a folder");
   }
   return {std::istreambuf_iterator<char>(stream),
           std::istreambuf_iterator<char>()};
@@ -101,7 +98,8 @@ void CommandIo::WriteFile(const std::string& file, std::string_view bytes) {
   std::ofstream stream(file, std::ios::binary);
   stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   if (!stream.flush()) {
-    throw UsageError("cannot write " + file + ": " + std::strerror(errno));
+    throw UsageError("cannot write " + EscapeControls(file) + ": " +
+                     std::strerror(errno));
   }
 }
 
@@ -121,14 +119,15 @@ const Descriptor& CommandIo::TypeOf(const std::string& name,
 void CommandIo::ReportType(const std::string& file, const std::string& name,
                            const Descriptor& type) const {
   if (!name.empty() || quiet_) return;
-  std::cerr << file << ": identified as " << type.full_name() << '\n';
+  std::cerr << EscapeControls(file) << ": identified as " << type.full_name()
+            << '\n';
 }
 
 void CommandIo::ReportFault(const std::string& file,
                             const std::optional<Fault>& fault) {
   if (!fault.has_value()) return;
   std::cout.flush();
-  std::cerr << file << ": " << fault->Text() << '\n';
+  std::cerr << EscapeControls(file) << ": " << fault->Text() << '\n';
   RaiseStatus(kFound);
 }
 

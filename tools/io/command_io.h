@@ -36,11 +36,11 @@ class CommandIo {
                               std::string* type);
   // Adds --color and --quiet.
   void AddOutputOptions(CLI::App* command);
-  // Adds --hex, --color and --quiet.
+  // Adds --hex, --base64, --color and --quiet.
   void AddInputOptions(CLI::App* command);
 
-  // The bytes of a file, or of standard input for "-"; decoded if --hex was
-  // given. Throws a UsageError.
+  // The bytes of a file, or of standard input for "-"; decoded if --hex or
+  // --base64 was given. Throws a UsageError.
   std::string ReadBytes(const std::string& file) const;
   // The same without decoding.
   static std::string ReadFile(const std::string& file);
@@ -68,6 +68,7 @@ class CommandIo {
 
  private:
   bool hex_ = false;
+  bool base64_ = false;
   bool quiet_ = false;
   std::string color_ = "auto";
   ExitStatus status_ = kSuccess;

@@ -8,6 +8,7 @@
 
 #include "tools/formats/format_error.h"
 #include "tools/program/program.h"
+#include "tools/wire/escape.h"
 
 namespace vantiro {
 namespace tools {
@@ -15,7 +16,8 @@ namespace {
 
 int Report(const std::exception& error, ExitStatus status) {
   std::cout.flush();
-  std::cerr << "vantiro-records: " << error.what() << '\n';
+  std::cerr << "vantiro-records: " << EscapeControlsInLines(error.what())
+            << '\n';
   return status;
 }
 

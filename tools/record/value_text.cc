@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "tools/wire/escape.h"
 #include "tools/wire/hex.h"
 #include "tools/wire/scalar.h"
 
@@ -143,8 +144,9 @@ std::string Quoted(std::string_view text) {
   // that is not UTF-8.
   const std::string copy(text);
   return '"' +
-         (IsUtf8(text) ? google::protobuf::strings::Utf8SafeCEscape(copy)
-                       : google::protobuf::CEscape(copy)) +
+         (IsUtf8(text)
+              ? EscapeControls(google::protobuf::strings::Utf8SafeCEscape(copy))
+              : google::protobuf::CEscape(copy)) +
          '"';
 }
 
