@@ -20,7 +20,8 @@ namespace tools {
 // Writes all fields in `record`. Repeated fields are in brackets, and bytes in
 // \x escapes.
 void WriteText(const Record& record, const Style& style, std::ostream* out);
-// The inverse. Throws a FormatError.
+// The inverse. Reads what the runtime's parser reads, but refuses strings that
+// are not UTF-8, which the library would not parse. Throws a FormatError.
 Record ReadText(const Descriptor& type, const std::string& text);
 
 }  // namespace tools

@@ -1,12 +1,9 @@
-#include <google/protobuf/io/tokenizer.h>
-#include <google/protobuf/io/zero_copy_stream_impl_lite.h>
-
-#include <set>
+#include <string>
 
 #include "tools/formats/format_error.h"
 #include "tools/formats/text_format.h"
+#include "tools/formats/text_tokens.h"
 #include "tools/formats/unknown_value.h"
-#include "tools/record/value_text.h"
 #include "tools/wire/scalar.h"
 
 namespace vantiro {
@@ -15,181 +12,139 @@ namespace {
 
 using google::protobuf::UnknownFieldSet;
 using google::protobuf::internal::WireFormatLite;
-using google::protobuf::io::ArrayInputStream;
-using google::protobuf::io::Tokenizer;
 
 constexpr int kMaxDepth = 100;
 
-[[noreturn]] void Fail(int line, int column, const std::string& what) {
-  throw FormatError("line " + std::to_string(line + 1) + ", column " +
-                    std::to_string(column + 1) + ": " + what);
+// A field that has these values may not be given again: the runtime's parser
+// overwrites zeros and empty strings.
+bool HasValue(const FieldValue& value) {
+  return !value.messages.empty() || !value.string_value.empty() ||
+         (!value.scalars.empty() && value.scalars[0] != 0);
 }
-
-// The tokenizer reports its errors here and goes on; the first one is thrown.
-class FirstError : public google::protobuf::io::ErrorCollector {
- public:
-  void AddError(int line, int column, const std::string& message) override {
-    if (what_.empty()) {
-      what_ = message;
-      line_ = line;
-      column_ = column;
-    }
-  }
-  void ThrowIfAny() const {
-    if (!what_.empty()) Fail(line_, column_, what_);
-  }
-
- private:
-  std::string what_;
-  int line_ = 0;
-  int column_ = 0;
-};
 
 class TextReader {
  public:
-  explicit TextReader(const std::string& text)
-      : stream_(text.data(), static_cast<int>(text.size())),
-        tokens_(&stream_, &error_) {
-    tokens_.set_comment_style(Tokenizer::SH_COMMENT_STYLE);
-    Next();
-  }
+  explicit TextReader(const std::string& text) : tokens_(text) {}
 
-  // Reads fields up to `end`: "}", or "" for the end of the input.
-  void Read(const std::string& end, Record* record) {
-    Enter();
-    std::set<const FieldDescriptor*> given;
-    while (!AtEnd(end)) {
-      if (Type() == Tokenizer::TYPE_INTEGER) {
-        ReadUnknown(record->type, &record->unknown);
-      } else {
-        ReadField(record, &given);
-      }
-    }
-    --depth_;
+  void Read(Record* record) {
+    while (!tokens_.IsEnd()) ReadOne(record);
   }
 
  private:
-  Tokenizer::TokenType Type() { return tokens_.current().type; }
-  bool At(const char* symbol) { return tokens_.current().text == symbol; }
-  void Next() {
-    tokens_.Next();
-    error_.ThrowIfAny();
-  }
-  std::string Take() {
-    std::string text = tokens_.current().text;
-    Next();
-    return text;
-  }
-  bool TryTake(const char* symbol) {
-    if (Type() != Tokenizer::TYPE_SYMBOL || !At(symbol)) return false;
-    Next();
-    return true;
-  }
-  void Expect(const char* symbol) {
-    if (!TryTake(symbol)) FailHere(std::string("expected ") + symbol);
-  }
-  [[noreturn]] void FailHere(const std::string& what) {
-    const bool at_end = Type() == Tokenizer::TYPE_END;
-    Fail(tokens_.current().line, tokens_.current().column,
-         what + (at_end ? ", found the end"
-                        : ", found " + tokens_.current().text));
-  }
-  bool AtEnd(const std::string& end) {
-    if (Type() == Tokenizer::TYPE_END && end.empty()) return true;
-    return !end.empty() && TryTake(end.c_str());
-  }
   void Enter() {
-    if (++depth_ > kMaxDepth) FailHere("nested deeper than 100 levels");
+    if (++depth_ > kMaxDepth) tokens_.FailHere("nested deeper than 100 levels");
   }
 
-  void ReadField(Record* record, std::set<const FieldDescriptor*>* given) {
+  void ReadOne(Record* record) {
+    if (tokens_.IsInteger()) {
+      ReadUnknown(record->type, &record->unknown);
+    } else {
+      ReadField(record);
+    }
+    if (!tokens_.TryTake(";")) tokens_.TryTake(",");
+  }
+
+  void ReadField(Record* record) {
     const FieldDescriptor* const field =
-        Type() == Tokenizer::TYPE_IDENTIFIER
+        tokens_.IsIdentifier()
             ? record->type->FindFieldByName(tokens_.current().text)
             : nullptr;
     if (field == nullptr) {
-      FailHere("expected a field of " + record->type->full_name());
+      tokens_.FailHere("expected a field of " + record->type->full_name());
     }
-    if (!given->insert(field).second && !field->is_repeated()) {
-      FailHere("expected a singular field only once");
-    }
-    Next();
     FieldValue* const value = record->Mutable(*field);
-    const bool has_colon = TryTake(":");
-    const bool is_message =
-        field->cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE;
-    if (!has_colon && !is_message) FailHere("expected :");
-    if (!field->is_repeated() || !TryTake("[")) {
+    if (!field->is_repeated() && HasValue(*value)) {
+      tokens_.FailHere("expected a singular field only once");
+    }
+    tokens_.Next();
+    const bool has_colon = tokens_.TryTake(":");
+    if (!has_colon && field->cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
+      tokens_.FailHere("expected :");
+    }
+    if (!field->is_repeated() || !tokens_.TryTake("[")) {
       ReadValue(value);
-    } else if (!TryTake("]")) {
+    } else if (!tokens_.TryTake("]")) {
       do {
         ReadValue(value);
-      } while (TryTake(","));
-      Expect("]");
+      } while (tokens_.TryTake(","));
+      tokens_.Expect("]");
     }
-    if (!TryTake(",")) TryTake(";");
   }
 
   void ReadValue(FieldValue* value) {
     const FieldDescriptor& field = *value->field;
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
-      Expect("{");
       value->messages.emplace_back(*field.message_type());
-      Read("}", &value->messages.back());
+      ReadMessage(&value->messages.back());
     } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_STRING) {
-      const Tokenizer::Token start = tokens_.current();
-      value->string_value = TakeString();
+      const TextTokens::Token start = tokens_.current();
+      value->string_value = tokens_.TakeString();
       if (field.type() == FieldDescriptor::TYPE_STRING &&
           !IsUtf8(value->string_value)) {
-        Fail(start.line, start.column, "the string is not UTF-8");
+        TextTokens::FailAt(start, "the string is not UTF-8");
       }
     } else {
+      if (!field.is_repeated()) value->scalars.clear();
       value->scalars.push_back(TakeScalar(field));
     }
   }
 
-  uint64_t TakeScalar(const FieldDescriptor& field) {
-    const Tokenizer::Token start = tokens_.current();
-    std::string text = TryTake("-") ? "-" : "";
-    text += Take();
-    if (text == "nan" && TryTake("(")) {
-      text += '(' + Take() + ')';
-      Expect(")");
-    }
-    uint64_t bits;
-    if (!ParseScalar(field, text, &bits)) {
-      Fail(start.line, start.column,
-           "cannot read " + text + " as " + field.type_name());
-    }
-    return bits;
+  void ReadMessage(Record* record) {
+    Enter();
+    const bool is_angle = tokens_.TryTake("<");
+    if (!is_angle) tokens_.Expect("{");
+    while (!tokens_.Is("}") && !tokens_.Is(">")) ReadOne(record);
+    tokens_.Expect(is_angle ? ">" : "}");
+    --depth_;
   }
 
-  std::string TakeString() {
-    if (Type() != Tokenizer::TYPE_STRING) FailHere("expected a string");
-    std::string text;
-    while (Type() == Tokenizer::TYPE_STRING) {
-      Tokenizer::ParseStringAppend(Take(), &text);
+  uint64_t TakeScalar(const FieldDescriptor& field) {
+    switch (field.cpp_type()) {
+      case FieldDescriptor::CPPTYPE_FLOAT:
+        return tokens_.TakeFloat();
+      case FieldDescriptor::CPPTYPE_BOOL:
+        return tokens_.TakeBool() ? 1 : 0;
+      case FieldDescriptor::CPPTYPE_UINT32:
+        return tokens_.TakeUnsigned(UINT32_MAX);
+      case FieldDescriptor::CPPTYPE_UINT64:
+        return tokens_.TakeUnsigned(UINT64_MAX);
+      case FieldDescriptor::CPPTYPE_INT64:
+        return static_cast<uint64_t>(tokens_.TakeSigned(INT64_MAX));
+      case FieldDescriptor::CPPTYPE_ENUM:
+        if (tokens_.IsIdentifier()) return TakeEnum(*field.enum_type());
+        [[fallthrough]];
+      default:
+        return static_cast<uint32_t>(tokens_.TakeSigned(INT32_MAX));
     }
-    return text;
+  }
+
+  uint64_t TakeEnum(const EnumDescriptor& type) {
+    const EnumValueDescriptor* const value =
+        type.FindValueByName(tokens_.current().text);
+    if (value == nullptr) {
+      tokens_.FailHere("expected a value of " + type.full_name());
+    }
+    tokens_.Next();
+    return static_cast<uint32_t>(value->number());
   }
 
   void ReadUnknown(const Descriptor* type, UnknownFieldSet* fields) {
-    const Tokenizer::Token start = tokens_.current();
+    const TextTokens::Token start = tokens_.current();
     uint64_t number;
-    if (!ParseUnsigned(Take(), &number)) number = 0;
+    if (!ParseUnsigned(tokens_.Take(), &number)) number = 0;
     const auto check = [&](WireType wire_type) {
       const std::string why = WhyNotUnknown(type, number, wire_type);
-      if (!why.empty()) Fail(start.line, start.column, why);
+      if (!why.empty()) TextTokens::FailAt(start, why);
       return static_cast<int>(number);
     };
-    if (TryTake("{")) {
+    if (tokens_.TryTake("{")) {
       ReadGroup(fields->AddGroup(check(WireFormatLite::WIRETYPE_START_GROUP)));
       return;
     }
-    Expect(":");
-    if (Type() == Tokenizer::TYPE_STRING) {
+    tokens_.Expect(":");
+    if (tokens_.IsString()) {
       const int n = check(WireFormatLite::WIRETYPE_LENGTH_DELIMITED);
-      fields->AddLengthDelimited(n, TakeString());
+      fields->AddLengthDelimited(n, tokens_.TakeString());
       return;
     }
     // The number of digits gives the wire type.
@@ -198,11 +153,11 @@ class TextReader {
     uint64_t value;
     if (!ParseUnsigned(text, &value) ||
         (is_hex && text.size() != 10 && text.size() != 18)) {
-      FailHere(
+      tokens_.FailHere(
           "expected a number, 8 or 16 hexadecimal digits after 0x, a string "
           "or {");
     }
-    Next();
+    tokens_.Next();
     if (!is_hex) {
       fields->AddVarint(check(WireFormatLite::WIRETYPE_VARINT), value);
     } else if (text.size() == 10) {
@@ -215,27 +170,25 @@ class TextReader {
 
   void ReadGroup(UnknownFieldSet* fields) {
     Enter();
-    while (!AtEnd("}")) {
-      if (Type() != Tokenizer::TYPE_INTEGER) {
-        FailHere("expected the number of an unknown field");
+    while (!tokens_.TryTake("}")) {
+      if (!tokens_.IsInteger()) {
+        tokens_.FailHere("expected the number of an unknown field");
       }
       ReadUnknown(nullptr, fields);
     }
     --depth_;
   }
 
-  FirstError error_;
-  ArrayInputStream stream_;
-  Tokenizer tokens_;
+  TextTokens tokens_;
   // The root is level 0.
-  int depth_ = -1;
+  int depth_ = 0;
 };
 
 }  // namespace
 
 Record ReadText(const Descriptor& type, const std::string& text) {
   Record record(type);
-  TextReader(text).Read("", &record);
+  TextReader(text).Read(&record);
   return record;
 }
 
