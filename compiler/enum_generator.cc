@@ -1,6 +1,7 @@
 #include "compiler/enum_generator.h"
 
 #include <algorithm>
+#include <climits>
 #include <vector>
 
 #include "compiler/doc_comment.h"
@@ -57,10 +58,13 @@ EnumGenerator::EnumGenerator(const EnumDescriptor* enum_type)
     : enum_type_(enum_type),
       by_name_(ValuesSorted(enum_type, NameIsLess)),
       by_number_(ValuesSorted(enum_type, NumberIsLess)),
-      variables_({{"Enum", enum_type->name()},
+      variables_({{"Enum", ClassName(enum_type)},
+                  {"SafeEnum", SafeName(enum_type)},
+                  {"name", enum_type->name()},
                   {"QualifiedEnum", QualifiedName(enum_type)},
-                  {"min", by_number_.front()->name()},
-                  {"max", by_number_.back()->name()},
+                  {"internal", InternalNamespace(enum_type->file())},
+                  {"min", ValueName(by_number_.front())},
+                  {"max", ValueName(by_number_.back())},
                   {"count", std::to_string(by_number_.size())}}) {}
 
 bool EnumGenerator::IsDenseFromZero() const {
@@ -121,15 +125,24 @@ std::string EnumGenerator::Values() const {
   std::string result;
   for (int i = 0; i < enum_type_->value_count(); ++i) {
     const EnumValueDescriptor* value = enum_type_->value(i);
-    result += DocComment(value) + value->name() + " = " +
+    result += DocComment(value) + ValueName(value) + " = " +
               std::to_string(value->number()) + ",\n";
   }
   return result;
 }
 
+// A maximum of 2^31 - 1 leaves no number for the size.
+std::string EnumGenerator::ArraySize() const {
+  if (by_number_.back()->number() == INT_MAX) return "";
+  return Substitute(variables_, R"(
+      constexpr int $name$_ARRAYSIZE = $name$_MAX + 1;
+  )");
+}
+
 std::string EnumGenerator::Declaration() const {
   return Substitute(Combine(variables_, {{"comment", DocComment(enum_type_)},
-                                         {"values", Values()}}),
+                                         {"values", Values()},
+                                         {"array_size", ArraySize()}}),
                     R"(
       $comment$
       enum $Enum$ : int {
@@ -139,19 +152,19 @@ std::string EnumGenerator::Declaration() const {
       };
       // Whether `value` is declared.
       bool $Enum$_IsValid(int value);
-      constexpr $Enum$ $Enum$_MIN = $min$;
-      constexpr $Enum$ $Enum$_MAX = $max$;
-      constexpr int $Enum$_ARRAYSIZE = $Enum$_MAX + 1;
+      constexpr $Enum$ $name$_MIN = $min$;
+      constexpr $Enum$ $name$_MAX = $max$;
+      $array_size$
 
       // The name of `value`, empty if it is not declared. Valid until the runtime's
       // shutdown.
       const ::std::string& $Enum$_Name($Enum$ value);
       template <typename T>
       const ::std::string& $Enum$_Name(T value) {
-        return $Enum$_Name(::vantiro::internal::ToEnum<$Enum$>(value));
+        return $Enum$_Name(::vantiro::internal::ToEnum<$SafeEnum$>(value));
       }
       // Stores the value of that name and returns true, or returns false.
-      bool $Enum$_Parse(const ::std::string& name, $Enum$* value);
+      bool $Enum$_Parse(const ::std::string& name, $SafeEnum$* value);
 
   )");
 }
@@ -172,16 +185,16 @@ std::string EnumGenerator::Definition() const {
       R"(
       // $Enum$
 
-      static const internal::EnumTables& $Enum$_tables() {
+      static const $internal$::EnumTables& $Enum$_tables() {
         $names$
-        static constexpr internal::EnumEntry entries[] = {
+        static constexpr $internal$::EnumEntry entries[] = {
             $entries$
         };
         static constexpr int by_number[] = {
             $entries_by_number$
         };
-        static internal::EnumName strings[$count$];
-        static const internal::EnumTables tables = {entries, by_number, $count$, strings};
+        static $internal$::EnumName strings[$count$];
+        static const $internal$::EnumTables tables = {entries, by_number, $count$, strings};
         return tables;
       }
 
@@ -190,12 +203,12 @@ std::string EnumGenerator::Definition() const {
       }
 
       const ::std::string& $Enum$_Name($Enum$ value) {
-        static const bool has_names = internal::BuildEnumNames($Enum$_tables());
+        static const bool has_names = $internal$::BuildEnumNames($Enum$_tables());
         static_cast<void>(has_names);
-        return internal::FindEnumName($Enum$_tables(), value);
+        return $internal$::FindEnumName($Enum$_tables(), value);
       }
 
-      bool $Enum$_Parse(const ::std::string& name, $Enum$* value) { return internal::ParseEnum($Enum$_tables(), name, value); }
+      bool $Enum$_Parse(const ::std::string& name, $SafeEnum$* value) { return $internal$::ParseEnum($Enum$_tables(), name, value); }
 
   )");
 }

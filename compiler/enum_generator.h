@@ -36,6 +36,7 @@ class EnumGenerator {
   std::string Names() const;
   std::string Entries() const;
   std::string EntriesByNumber() const;
+  std::string ArraySize() const;
 
   const google::protobuf::EnumDescriptor* const enum_type_;
   const ValueList by_name_;

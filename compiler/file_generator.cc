@@ -73,6 +73,7 @@ FileGenerator::FileGenerator(const FileDescriptor* file)
       variables_({{"file", file->name()},
                   {"Stem", Stem(file)},
                   {"guard", HeaderGuard(file)},
+                  {"internal", InternalNamespace(file)},
                   {"open", Paragraph(OpenNamespaces(file))},
                   {"close", Paragraph(CloseNamespaces(file))}}),
       enums_(MakeEnumGenerators(file)),
@@ -209,15 +210,14 @@ std::string FileGenerator::Source() const {
       #include "internal/write_scalar.h"
       #include "internal/writer.h"
 
-      namespace internal = ::vantiro::internal;
-      using ::google::protobuf::internal::WireFormatLite;
-
       $scc_declarations$
       $open$
       $instances$
       $close$
       $scc_infos$
       $open$
+      namespace $internal$ = ::vantiro::internal;
+
       $enums$
       $operations$
       $close$

@@ -16,7 +16,7 @@
 namespace vantiro {
 namespace compiler {
 
-// The same unit always gives the same code. FindUnsupported must find nothing
+// The same unit always gives the same code. Validate must have reported nothing
 // in the unit.
 class FileGenerator {
  public:

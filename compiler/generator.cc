@@ -40,11 +40,11 @@ bool Generator::GenerateAll(const std::vector<const FileDescriptor*>& files,
     *error = "no parameter is known, got: " + parameter;
     return false;
   }
-  std::vector<std::string> faults;
-  for (const FileDescriptor* file : files) FindUnsupported(file, &faults);
-  if (!faults.empty()) {
-    *error = std::to_string(faults.size()) + " not supported:";
-    for (const std::string& fault : faults) *error += "\n" + fault;
+  ValidationErrors errors;
+  for (const FileDescriptor* file : files) Validate(file, &errors);
+  if (!errors.lines().empty()) {
+    *error = std::to_string(errors.lines().size()) + " not supported:";
+    for (const std::string& line : errors.lines()) *error += "\n" + line;
     return false;
   }
   for (const FileDescriptor* file : files) {

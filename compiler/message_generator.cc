@@ -36,7 +36,13 @@ MessageGenerator::MessageGenerator(const Descriptor* message)
                   {"scc_info", SetUpRecordName(message)},
                   {"full_name", message->full_name()},
                   {"PeekTag", PeekFunction(message)},
-                  {"Namespace", Namespace(message->file())},
+                  {"SafeClass", SafeName(message)},
+                  {"safe_default_instance", SafeDefaultInstanceName(message)},
+                  {"qualified_default_instance",
+                   QualifiedDefaultInstanceName(message)},
+                  {"internal", InternalNamespace(message->file())},
+                  {"Scalars", ScalarsType(message)},
+                  {"scalars", ScalarsName(message)},
                   {"Stem", Stem(message->file())}}) {}
 
 std::string MessageGenerator::ForFields(FieldFunction function) const {
@@ -95,7 +101,7 @@ std::string MessageGenerator::DefaultInstance() const {
       // Zeroed storage until InitDefaults$scc_info$ is called.
       class $Class$DefaultTypeInternal {
        public:
-        ::google::protobuf::internal::ExplicitlyConstructed<$Class$> instance;
+        ::google::protobuf::internal::ExplicitlyConstructed<$SafeClass$> instance;
       } $default_instance$;
 
       $internal_class$
@@ -111,7 +117,7 @@ std::string MessageGenerator::SccInfo() const {
       Combine(variables_, {{"count", std::to_string(Dependencies().size())},
                            {"dependencies", dependencies}}),
       R"(
-      static void InitDefaults$scc_info$() { ::vantiro::internal::InitDefaultInstance(&$Namespace$::$default_instance$, "$Stem$.pb"); }
+      static void InitDefaults$scc_info$() { ::vantiro::internal::InitDefaultInstance(&$qualified_default_instance$, "$Stem$.pb"); }
 
       ::vantiro::internal::SccInfo<$count$> $scc_info$(InitDefaults$scc_info$$dependencies$);
 

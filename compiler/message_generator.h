@@ -20,6 +20,10 @@ class MessageGenerator {
   explicit MessageGenerator(const google::protobuf::Descriptor* message);
 
   const google::protobuf::Descriptor* descriptor() const { return message_; }
+  // In the order of field numbers.
+  const std::vector<std::unique_ptr<FieldGenerator>>& fields() const {
+    return fields_;
+  }
 
   // The header: declarations before all classes; the class; its inline
   // accessors, which follow all classes.
@@ -84,7 +88,6 @@ class MessageGenerator {
 
   const google::protobuf::Descriptor* const message_;
   const bool has_arenas_;
-  // In the order of field numbers.
   std::vector<std::unique_ptr<FieldGenerator>> fields_;
   Variables variables_;
 };

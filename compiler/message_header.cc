@@ -48,7 +48,7 @@ std::string MessageGenerator::NestedTypes() const {
   std::string result;
   for (int i = 0; i < message_->nested_type_count(); ++i) {
     const Descriptor* nested = message_->nested_type(i);
-    result += "using " + nested->name() + " = " + ClassName(nested) + ";\n";
+    result += "using " + NestedName(nested) + " = " + ClassName(nested) + ";\n";
   }
   return result.empty() ? "" : "\n" + result;
 }
@@ -96,16 +96,16 @@ std::string MessageGenerator::Members() const {
 
 std::string MessageGenerator::Scalars() const {
   if (!HasScalars()) return "";
-  std::string scalars;
+  std::string members;
   for (const auto& group : ScalarGroups()) {
-    for (const FieldGenerator* field : group) scalars += field->Member();
+    for (const FieldGenerator* field : group) members += field->Member();
   }
-  return Substitute({{"scalars", scalars}}, R"(
+  return Substitute(Combine(variables_, {{"members", members}}), R"(
       // Cleared, copied and swapped as one.
-      struct Scalars {
-        $scalars$
+      struct $Scalars$ {
+        $members$
       };
-      Scalars scalars_{};
+      $Scalars$ $scalars${};
   )");
 }
 
@@ -125,7 +125,7 @@ std::string MessageGenerator::ClassDefinition() const {
        public:
         $Class$();
         $Class$(const $Class$& from);
-        $Class$($Class$&& from) noexcept : $Class$() { *this = ::std::move(from); }
+        $Class$($Class$&& from) noexcept : $SafeClass$() { *this = ::std::move(from); }
         ~$Class$() override;
 
         $Class$& operator=(const $Class$& from) {
@@ -140,7 +140,7 @@ std::string MessageGenerator::ClassDefinition() const {
         // What an absent message of this type reads as. Must not be changed.
         static const $Class$& default_instance();
         // The same, perhaps not constructed yet: only its address may be used.
-        static const $Class$* internal_default_instance() { return reinterpret_cast<const $Class$*>(&$default_instance$); }
+        static const $Class$* internal_default_instance() { return reinterpret_cast<const $Class$*>(&$safe_default_instance$); }
         static void InitAsDefaultInstance();
 
         $Class$* New() const;
@@ -153,11 +153,11 @@ std::string MessageGenerator::ClassDefinition() const {
         // `from` must be of this class: there is no check.
         void CheckTypeAndMergeFrom(const ::google::protobuf::MessageLite& from) final;
         void Swap($Class$* other) { ::vantiro::internal::MessageAccess::Swap(this, other); }
-        friend void swap($Class$& a, $Class$& b) { a.Swap(&b); }
+        friend void swap($SafeClass$& a, $SafeClass$& b) { a.Swap(&b); }
         $arena_operations$
 
         bool MergePartialFromCodedStream(::google::protobuf::io::CodedInputStream* input);
-        size_t ByteSizeLong() const final;
+        ::size_t ByteSizeLong() const final;
         int GetCachedSize() const final;
         void SerializeWithCachedSizes(::google::protobuf::io::CodedOutputStream* output) const;
         $nested_types$

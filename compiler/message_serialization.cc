@@ -30,26 +30,30 @@ std::string AddSizes(const Fields& group) {
        {"one_byte",
         std::to_string(static_cast<long>(group.size()) - two_byte_tags)},
        {"two_byte", std::to_string(two_byte_tags)},
+       {"internal", group.front()->internal_namespace()},
+       {"scalars", group.front()->scalars()},
        {"first", group.front()->name()},
        {"last", group.back()->name()}},
       kind == "Bool" ? R"(
       // $first$ to $last$
-      size += internal::BoolFieldsSize<$one_byte$, $two_byte$>(&scalars_.$first$);
+      size += $internal$::BoolFieldsSize<$one_byte$, $two_byte$>(&$scalars$.$first$);
   )"
                      : R"(
       // $first$ to $last$
-      sizes.Add<internal::$kind$Sizes, $one_byte$, $two_byte$>(&scalars_.$first$);
+      sizes.Add<$internal$::$kind$Sizes, $one_byte$, $two_byte$>(&$scalars$.$first$);
   )");
 }
 
 std::string WriteFloats(const Fields& run) {
   return Substitute({{"first_tag", run.front()->tag_value()},
                      {"count", std::to_string(run.size())},
+                     {"internal", run.front()->internal_namespace()},
+                     {"scalars", run.front()->scalars()},
                      {"first", run.front()->name()},
                      {"last", run.back()->name()}},
                     R"(
       // $first$ to $last$
-      p = internal::WriteFloatFields<$first_tag$, $count$>(p, &scalars_.$first$);
+      p = $internal$::WriteFloatFields<$first_tag$, $count$>(p, &$scalars$.$first$);
   )");
 }
 
@@ -82,8 +86,11 @@ std::string MessageGenerator::SizeFields() const {
   }
   std::string result = bools;
   if (!sizes.empty()) {
-    result +=
-        "internal::FieldSizes sizes;\n" + sizes + "size += sizes.Total();\n";
+    result += Substitute(Combine(variables_, {{"sizes", sizes}}), R"(
+      $internal$::FieldSizes sizes;
+      $sizes$
+      size += sizes.Total();
+  )");
   }
   for (const auto& field : fields_) {
     if (together.count(field.get()) == 0) result += field->ByteSize();
@@ -139,9 +146,10 @@ std::string MessageGenerator::SerializeFields() const {
 
 std::string MessageGenerator::SerializeOneRun(const std::string& run,
                                               int size) const {
-  return Substitute({{"size", std::to_string(size)}, {"run", run}}, R"(
+  return Substitute(
+      Combine(variables_, {{"size", std::to_string(size)}, {"run", run}}), R"(
       if (!writer->HasSpace<$size$>(p)) {
-        return internal::FlushAndSerialize(*this, p, writer);
+        return $internal$::FlushAndSerialize(*this, p, writer);
       }
       $run$
   )");
@@ -156,23 +164,23 @@ std::string MessageGenerator::Serialization() const {
                {"byte_size", SizeFields()},
                {"serialize", SerializeFields()}}),
       R"(
-      size_t $Class$::ByteSizeLong() const {
+      ::size_t $Class$::ByteSizeLong() const {
         $return_size$
-        size_t size = internal::UnknownFieldsSize(_internal_metadata_);
+        ::size_t size = $internal$::UnknownFieldsSize(_internal_metadata_);
         $byte_size$
         SetCachedSize(static_cast<int>(size));
         return size;
       }
 
-      ::uint8_t* $Class$::_InternalSerializeFlat(::uint8_t* p, internal::Writer* writer) const {
+      ::uint8_t* $Class$::_InternalSerializeFlat(::uint8_t* p, $internal$::Writer* writer) const {
         $return_p$
         $serialize$
-        return internal::WriteUnknownFields(p, _internal_metadata_, writer);
+        return $internal$::WriteUnknownFields(p, _internal_metadata_, writer);
       }
 
-      ::uint8_t* $Class$::_InternalSerialize(::uint8_t* target, ::google::protobuf::io::EpsCopyOutputStream* stream) const { return internal::SerializeToStream(*this, target, stream); }
+      ::uint8_t* $Class$::_InternalSerialize(::uint8_t* target, ::google::protobuf::io::EpsCopyOutputStream* stream) const { return $internal$::SerializeToStream(*this, target, stream); }
 
-      void $Class$::SerializeWithCachedSizes(::google::protobuf::io::CodedOutputStream* output) const { internal::SerializeToCodedStream(*this, output); }
+      void $Class$::SerializeWithCachedSizes(::google::protobuf::io::CodedOutputStream* output) const { $internal$::SerializeToCodedStream(*this, output); }
 
   )");
 }

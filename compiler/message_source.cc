@@ -41,7 +41,7 @@ std::string MessageGenerator::IfDefaultInstance(
 std::string MessageGenerator::Constructors() const {
   const std::string init_scc =
       !NeedsSccInfoCheck() ? "" : Substitute(variables_, R"(
-      internal::InitScc(&$scc_info$);
+      $internal$::InitScc(&$scc_info$);
   )");
   const std::string construct =
       init_scc + ForFields(&FieldGenerator::Construct);
@@ -59,7 +59,7 @@ std::string MessageGenerator::Constructors() const {
       "$Class$::$Class$(const $Class$& from) : "
       "::google::protobuf::MessageLite()" +
           ForFields(&FieldGenerator::CopyInitializer) +
-          (HasScalars() ? ", scalars_(from.scalars_)" : ""),
+          (HasScalars() ? ", $scalars$(from.$scalars$)" : ""),
       merge_unknown_fields + ForFields(&FieldGenerator::CopyConstruct) +
           IfDefaultInstance("&from", "return;") +
           ForFields(&FieldGenerator::CopySubMessage));
@@ -90,7 +90,7 @@ std::string MessageGenerator::DefaultInstanceOperations() const {
   const std::string body =
       set_messages.empty() ? "" : Substitute(variables_, R"(
       // They are no sub-messages of it: all operations leave them out.
-      auto* const instance = const_cast<$Class$*>(internal_default_instance());
+      auto* const instance = const_cast<$SafeClass$*>(internal_default_instance());
   )") + set_messages;
   const std::string arena = !has_arenas_ ? "" : Substitute(variables_, R"(
       ::google::protobuf::Arena* $Class$::GetArena() const { return _internal_metadata_.user_arena(); }
@@ -107,15 +107,15 @@ std::string MessageGenerator::DefaultInstanceOperations() const {
            {"arena", arena}}),
       R"(
       const $Class$& $Class$::default_instance() {
-        internal::InitScc(&$scc_info$);
+        $internal$::InitScc(&$scc_info$);
         return *internal_default_instance();
       }
 
       $init$
 
-      $Class$* $Class$::New() const { return CreateMaybeMessage<$Class$>(nullptr); }
+      $Class$* $Class$::New() const { return CreateMaybeMessage<$SafeClass$>(nullptr); }
 
-      $Class$* $Class$::New(::google::protobuf::Arena* arena) const { return CreateMaybeMessage<$Class$>(arena); }
+      $Class$* $Class$::New(::google::protobuf::Arena* arena) const { return CreateMaybeMessage<$SafeClass$>(arena); }
 
       $arena$
   )");
@@ -126,24 +126,31 @@ std::string MessageGenerator::ClearAndMerge() const {
                                 ? "::google::protobuf::Arena* const arena = "
                                   "GetArenaForAllocation();\n"
                                 : "";
+  const std::string clear_scalars =
+      !HasScalars() ? "" : Substitute(variables_, R"(
+      $scalars$ = $Scalars$();
+  )");
+  const std::string swap_scalars =
+      !HasScalars() ? "" : Substitute(variables_, R"(
+      ::std::swap($scalars$, other->$scalars$);
+  )");
   const std::string clear = arena + ForFields(&FieldGenerator::Clear) +
-                            (HasScalars() ? "scalars_ = Scalars();\n" : "") +
+                            clear_scalars +
                             "_internal_metadata_.Clear<::std::string>();\n";
   const std::string merge =
       IfDefaultInstance("&from", "return;") +
       "_internal_metadata_.MergeFrom<::std::string>(from._internal_metadata_);"
       "\n" +
       arena + ForFields(&FieldGenerator::Merge);
-  const std::string copy =
-      "if (target == internal::CopyTarget::kNew) SetCachedSize(0);\n"
-      "internal::CopyUnknownFields(from._internal_metadata_, "
-      "&_internal_metadata_);\n" +
-      arena + ForFields(&FieldGenerator::Copy) + CopyScalars();
+  const std::string copy = Substitute(variables_, R"(
+      if (target == $internal$::CopyTarget::kNew) SetCachedSize(0);
+      $internal$::CopyUnknownFields(from._internal_metadata_, &_internal_metadata_);
+  )") + arena + ForFields(&FieldGenerator::Copy) +
+                           CopyScalars();
   const std::string swap =
       "_internal_metadata_.Swap<::std::string>(&other->_internal_metadata_);"
       "\n" +
-      ForFields(&FieldGenerator::Swap) +
-      (HasScalars() ? "::std::swap(scalars_, other->scalars_);\n" : "");
+      ForFields(&FieldGenerator::Swap) + swap_scalars;
   return Substitute(
       Combine(
           variables_,
@@ -152,7 +159,7 @@ std::string MessageGenerator::ClearAndMerge() const {
             Function("void $Class$::MergeFrom(const $Class$& from)", merge)},
            {"clear_only", IfDefaultInstance("&from", "return Clear();")},
            {"copy", Function("void $Class$::CopyFields(const $Class$& from, "
-                             "internal::CopyTarget target)",
+                             "$internal$::CopyTarget target)",
                              copy)},
            {"swap",
             Function("void $Class$::InternalSwap($Class$* other)", swap)}}),
@@ -164,12 +171,12 @@ std::string MessageGenerator::ClearAndMerge() const {
       void $Class$::CopyFrom(const $Class$& from) {
         if (&from == this) return;
         $clear_only$
-        CopyFields(from, internal::CopyTarget::kCleared);
+        CopyFields(from, $internal$::CopyTarget::kCleared);
       }
 
       $copy$
 
-      void $Class$::CheckTypeAndMergeFrom(const ::google::protobuf::MessageLite& from) { internal::MergeUnchecked(from, this); }
+      void $Class$::CheckTypeAndMergeFrom(const ::google::protobuf::MessageLite& from) { $internal$::MergeUnchecked(from, this); }
 
       $swap$
 
@@ -178,15 +185,18 @@ std::string MessageGenerator::ClearAndMerge() const {
 
 std::string MessageGenerator::CopyScalars() const {
   if (!HasScalars()) return "";
-  std::string result = "scalars_ = from.scalars_;\n";
+  std::string result = Substitute(variables_, R"(
+      $scalars$ = from.$scalars$;
+  )");
   for (const auto& group : ScalarGroups()) {
     if (group.front()->size_kind() != "Float") continue;
-    result += Substitute({{"count", std::to_string(group.size())},
-                          {"first", group.front()->name()},
-                          {"last", group.back()->name()}},
-                         R"(
+    result +=
+        Substitute(Combine(variables_, {{"count", std::to_string(group.size())},
+                                        {"first", group.front()->name()},
+                                        {"last", group.back()->name()}}),
+                   R"(
       // $first$ to $last$
-      internal::DropNegativeZeros<$count$>(&scalars_.$first$);
+      $internal$::DropNegativeZeros<$count$>(&$scalars$.$first$);
     )");
   }
   return result;
@@ -195,14 +205,14 @@ std::string MessageGenerator::CopyScalars() const {
 std::string MessageGenerator::Parsing() const {
   return Substitute(
       Combine(variables_, {{"fields", ForFields(&FieldGenerator::Parse)}}), R"(
-      const ::uint8_t* $Class$::_InternalParseFlat(::google::protobuf::MessageLite* message, const ::uint8_t* p, const ::uint8_t* end, internal::ParseState* state) {
-        auto* const self = static_cast<$Class$*>(message);
-        internal::RawTag tag = $PeekTag$(p, end);
+      const ::uint8_t* $Class$::_InternalParseFlat(::google::protobuf::MessageLite* message, const ::uint8_t* p, const ::uint8_t* end, $internal$::ParseState* state) {
+        auto* const self = static_cast<$SafeClass$*>(message);
+        $internal$::RawTag tag = $PeekTag$(p, end);
         while (p != end) {
           const ::uint8_t* const start = p;
           $fields$
           if (p != start) continue;
-          const internal::NextTag next = internal::HandleUnexpectedTag(p, end, tag, &self->_internal_metadata_, state);
+          const $internal$::NextTag next = $internal$::HandleUnexpectedTag(p, end, tag, &self->_internal_metadata_, state);
           if (next.p == nullptr || state->ended_at_invalid_tag) return next.p;
           p = next.p;
           tag = next.tag;
@@ -210,9 +220,9 @@ std::string MessageGenerator::Parsing() const {
         return p;
       }
 
-      const char* $Class$::_InternalParse(const char* p, ::google::protobuf::internal::ParseContext* context) { return internal::ParseFromContext(this, &_InternalParseFlat, p, context); }
+      const char* $Class$::_InternalParse(const char* p, ::google::protobuf::internal::ParseContext* context) { return $internal$::ParseFromContext(this, &_InternalParseFlat, p, context); }
 
-      bool $Class$::MergePartialFromCodedStream(::google::protobuf::io::CodedInputStream* input) { return internal::MergeFromCodedStream(this, &_InternalParseFlat, input); }
+      bool $Class$::MergePartialFromCodedStream(::google::protobuf::io::CodedInputStream* input) { return $internal$::MergeFromCodedStream(this, &_InternalParseFlat, input); }
 
   )");
 }

@@ -4,7 +4,8 @@
 #include <google/protobuf/stubs/strutil.h>
 
 #include <cctype>
-#include <vector>
+
+#include "compiler/reserved_names.h"
 
 namespace vantiro {
 namespace compiler {
@@ -12,6 +13,7 @@ namespace {
 
 using google::protobuf::Descriptor;
 using google::protobuf::EnumDescriptor;
+using google::protobuf::EnumValueDescriptor;
 using google::protobuf::FieldDescriptor;
 using google::protobuf::FileDescriptor;
 
@@ -30,17 +32,8 @@ std::string Mangle(const std::string& name) {
   return result;
 }
 
-std::vector<std::string> PackageParts(const FileDescriptor* file) {
-  std::vector<std::string> parts(1);
-  for (const char c : file->package()) {
-    if (c == '.') {
-      parts.emplace_back();
-    } else {
-      parts.back() += c;
-    }
-  }
-  if (parts.back().empty()) parts.pop_back();
-  return parts;
+std::string ResolveKeyword(const std::string& name) {
+  return IsKeyword(name) ? name + "_" : name;
 }
 
 std::string Qualify(const FileDescriptor* file, const std::string& name) {
@@ -48,12 +41,79 @@ std::string Qualify(const FileDescriptor* file, const std::string& name) {
   return scope.empty() ? "::" + name : "::" + scope + "::" + name;
 }
 
+bool IsHiddenInFunctions(const std::string& name) {
+  return std::isupper(static_cast<unsigned char>(name[0])) == 0 || name == "T";
+}
+
+// Whether a field, a nested message or the class itself has the name.
+bool IsMember(const Descriptor* message, const std::string& name) {
+  if (name == ClassName(message)) return true;
+  for (int i = 0; i < message->nested_type_count(); ++i) {
+    if (name == NestedName(message->nested_type(i))) return true;
+  }
+  for (int i = 0; i < message->field_count(); ++i) {
+    const std::string field = FieldName(message->field(i));
+    if (name == field || name == field + "_") return true;
+  }
+  return false;
+}
+
+bool IsTypeOf(const Descriptor* message, const std::string& name) {
+  if (name == message->name()) return true;
+  for (int i = 0; i < message->nested_type_count(); ++i) {
+    if (IsTypeOf(message->nested_type(i), name)) return true;
+  }
+  return false;
+}
+
+// Whether a namespace, type or enum value of the unit or its imports has the
+// name.
+bool IsDeclared(const FileDescriptor* file, const std::string& name) {
+  for (const std::string& part : PackageParts(file)) {
+    if (name == part) return true;
+  }
+  for (int i = 0; i < file->message_type_count(); ++i) {
+    if (IsTypeOf(file->message_type(i), name)) return true;
+  }
+  for (int i = 0; i < file->enum_type_count(); ++i) {
+    const EnumDescriptor* const enum_type = file->enum_type(i);
+    if (name == enum_type->name()) return true;
+    if (enum_type->FindValueByName(name) != nullptr) return true;
+  }
+  for (int i = 0; i < file->dependency_count(); ++i) {
+    if (IsDeclared(file->dependency(i), name)) return true;
+  }
+  return false;
+}
+
+std::string FreeMemberName(const Descriptor* message, std::string name) {
+  while (IsMember(message, name)) name += '_';
+  return name;
+}
+
 }  // namespace
 
 std::string ClassName(const Descriptor* message) {
   const Descriptor* parent = message->containing_type();
-  return parent == nullptr ? message->name()
-                           : ClassName(parent) + "_" + message->name();
+  return ResolveKeyword(parent == nullptr
+                            ? message->name()
+                            : ClassName(parent) + "_" + message->name());
+}
+
+std::string ClassName(const EnumDescriptor* enum_type) {
+  return ResolveKeyword(enum_type->name());
+}
+
+std::string NestedName(const Descriptor* message) {
+  return ResolveKeyword(message->name());
+}
+
+std::string FieldName(const FieldDescriptor* field) {
+  return ResolveKeyword(field->lowercase_name());
+}
+
+std::string ValueName(const EnumValueDescriptor* value) {
+  return ResolveKeyword(value->name());
 }
 
 std::string QualifiedName(const Descriptor* message) {
@@ -61,11 +121,39 @@ std::string QualifiedName(const Descriptor* message) {
 }
 
 std::string QualifiedName(const EnumDescriptor* enum_type) {
-  return Qualify(enum_type->file(), enum_type->name());
+  return Qualify(enum_type->file(), ClassName(enum_type));
+}
+
+std::string SafeName(const Descriptor* message) {
+  const std::string name = ClassName(message);
+  return IsHiddenInFunctions(name) ? QualifiedName(message) : name;
+}
+
+std::string SafeName(const EnumDescriptor* enum_type) {
+  const std::string name = ClassName(enum_type);
+  return IsHiddenInFunctions(name) ? QualifiedName(enum_type) : name;
 }
 
 std::string DefaultInstanceName(const Descriptor* message) {
   return "_" + ClassName(message) + "_default_instance_";
+}
+
+std::string QualifiedDefaultInstanceName(const Descriptor* message) {
+  return Qualify(message->file(), DefaultInstanceName(message));
+}
+
+std::string SafeDefaultInstanceName(const Descriptor* message) {
+  return IsHiddenInFunctions(ClassName(message))
+             ? QualifiedDefaultInstanceName(message)
+             : DefaultInstanceName(message);
+}
+
+std::string ScalarsType(const Descriptor* message) {
+  return FreeMemberName(message, "Scalars");
+}
+
+std::string ScalarsName(const Descriptor* message) {
+  return FreeMemberName(message, "scalars_");
 }
 
 std::string SetUpRecordName(const Descriptor* message) {
@@ -88,18 +176,24 @@ std::string FieldNumberName(const FieldDescriptor* field) {
 }
 
 std::string Stem(const FileDescriptor* file) {
-  const std::string& name = file->name();
-  return name.substr(0, name.rfind(".proto"));
+  return google::protobuf::StripSuffixString(file->name(), ".proto");
 }
 
 std::string HeaderGuard(const FileDescriptor* file) {
-  std::string guard = "VANTIRO_PROTOS_";
-  for (const char c : Stem(file)) {
-    const auto byte = static_cast<unsigned char>(c);
-    guard +=
-        std::isalnum(byte) != 0 ? static_cast<char>(std::toupper(byte)) : '_';
+  return "VANTIRO_PROTOS_" + Mangle(file->name());
+}
+
+std::vector<std::string> PackageParts(const FileDescriptor* file) {
+  std::vector<std::string> parts(1);
+  for (const char c : file->package()) {
+    if (c == '.') {
+      parts.emplace_back();
+    } else {
+      parts.back() += c;
+    }
   }
-  return guard + "_PB_H_";
+  if (parts.back().empty()) parts.pop_back();
+  return parts;
 }
 
 std::string Namespace(const FileDescriptor* file) {
@@ -124,6 +218,12 @@ std::string CloseNamespaces(const FileDescriptor* file) {
     result = "}  // namespace " + part + "\n" + result;
   }
   return result;
+}
+
+std::string InternalNamespace(const FileDescriptor* file) {
+  std::string name = "internal";
+  while (IsDeclared(file, name)) name += '_';
+  return name;
 }
 
 bool HasArenas(const FileDescriptor* file) {

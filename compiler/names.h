@@ -7,19 +7,48 @@
 #include <google/protobuf/descriptor.h>
 
 #include <string>
+#include <vector>
 
 namespace vantiro {
 namespace compiler {
 
 // The name of a message's class: its path in the unit joined by underscores.
+// The name of an enum. A name that is a keyword of C++ gets "_" appended, here
+// and below.
 std::string ClassName(const google::protobuf::Descriptor* message);
+std::string ClassName(const google::protobuf::EnumDescriptor* enum_type);
+
+// The name of a nested message in the class of the message around it.
+std::string NestedName(const google::protobuf::Descriptor* message);
+
+// The name of a field in its accessors and member: in lower case.
+std::string FieldName(const google::protobuf::FieldDescriptor* field);
+
+std::string ValueName(const google::protobuf::EnumValueDescriptor* value);
 
 // The class or enum with all its namespaces, from "::" on.
 std::string QualifiedName(const google::protobuf::Descriptor* message);
 std::string QualifiedName(const google::protobuf::EnumDescriptor* enum_type);
 
-// "_<Class>_default_instance_".
+// The class or enum in a function of its own: with its namespaces if a
+// parameter or variable could have its name. Those begin in lower case, or are
+// "T".
+std::string SafeName(const google::protobuf::Descriptor* message);
+std::string SafeName(const google::protobuf::EnumDescriptor* enum_type);
+
+// "_<Class>_default_instance_"; with all its namespaces; in the class, where a
+// member could have that name.
 std::string DefaultInstanceName(const google::protobuf::Descriptor* message);
+std::string QualifiedDefaultInstanceName(
+    const google::protobuf::Descriptor* message);
+std::string SafeDefaultInstanceName(
+    const google::protobuf::Descriptor* message);
+
+// The struct in the class that holds its scalars, and the member of that type:
+// "Scalars" and "scalars_", with more underscores if fields or nested messages
+// have these names.
+std::string ScalarsType(const google::protobuf::Descriptor* message);
+std::string ScalarsName(const google::protobuf::Descriptor* message);
 
 // "scc_info_<Class>_<unit>_2eproto".
 std::string SetUpRecordName(const google::protobuf::Descriptor* message);
@@ -30,14 +59,22 @@ std::string FieldNumberName(const google::protobuf::FieldDescriptor* field);
 // The unit's file name without ".proto".
 std::string Stem(const google::protobuf::FileDescriptor* file);
 
-// "Z3A_COMMON_PB_H_" for z3a_common.proto, with a prefix of our own.
+// "VANTIRO_PROTOS_z3a_5fcommon_2eproto" for z3a_common.proto.
 std::string HeaderGuard(const google::protobuf::FileDescriptor* file);
+
+// The names in the package, each of which is a namespace.
+std::vector<std::string> PackageParts(
+    const google::protobuf::FileDescriptor* file);
 
 // "z3a_debug_data::zaf" for the package z3a_debug_data.zaf, and the lines that
 // open and close these namespaces.
 std::string Namespace(const google::protobuf::FileDescriptor* file);
 std::string OpenNamespaces(const google::protobuf::FileDescriptor* file);
 std::string CloseNamespaces(const google::protobuf::FileDescriptor* file);
+
+// What the source of the unit calls the namespace ::vantiro::internal:
+// "internal", with more underscores if the schema has this name.
+std::string InternalNamespace(const google::protobuf::FileDescriptor* file);
 
 // Whether the unit's text sets cc_enable_arenas. Unset means off, as it did in
 // 3.9.1, although later descriptors default it to true.

@@ -47,7 +47,8 @@ std::string NameOf(const Type* type, const std::string& name,
 std::string TypeName(const FieldDescriptor* field) {
   const Descriptor* const message = field->containing_type();
   return field->enum_type() != nullptr
-             ? NameOf(field->enum_type(), field->enum_type()->name(), message)
+             ? NameOf(field->enum_type(), ClassName(field->enum_type()),
+                      message)
              : NameOf(field->message_type(), ClassName(field->message_type()),
                       message);
 }
@@ -56,7 +57,7 @@ std::string TypeNameInClass(const FieldDescriptor* field) {
   const Descriptor* const type = field->message_type();
   const bool is_nested =
       type != nullptr && type->containing_type() == field->containing_type();
-  return is_nested ? type->name() : TypeName(field);
+  return is_nested ? NestedName(type) : TypeName(field);
 }
 
 }  // namespace compiler

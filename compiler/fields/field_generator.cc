@@ -41,11 +41,13 @@ uint32_t Tag(const FieldDescriptor* field) {
 FieldGenerator::FieldGenerator(const FieldDescriptor* field)
     : field_(field),
       variables_({{"Class", ClassName(field->containing_type())},
-                  {"name", field->name()},
+                  {"name", FieldName(field)},
                   {"tag", RawTagText(Tag(field))},
                   {"tag_value", std::to_string(Tag(field))},
                   {"tag_size", Tag(field) < 0x80 ? "1" : "2"},
-                  {"PeekTag", PeekFunction(field->containing_type())}}) {}
+                  {"PeekTag", PeekFunction(field->containing_type())},
+                  {"internal", InternalNamespace(field->file())},
+                  {"scalars", ScalarsName(field->containing_type())}}) {}
 
 std::string FieldGenerator::PublicMembers() const {
   return Substitute({{"comment", DocComment(field_)},
@@ -73,10 +75,11 @@ std::string FieldGenerator::ParseWhenTag(const std::string& read) const {
 }
 
 std::string PeekFunction(const google::protobuf::Descriptor* message) {
+  const std::string internal = InternalNamespace(message->file());
   for (int i = 0; i < message->field_count(); ++i) {
-    if (Tag(message->field(i)) >= 0x80) return "internal::PeekTag";
+    if (Tag(message->field(i)) >= 0x80) return internal + "::PeekTag";
   }
-  return "internal::PeekOneByteTag";
+  return internal + "::PeekOneByteTag";
 }
 
 std::string RawTagText(uint32_t tag) {

@@ -26,13 +26,19 @@ class FieldGenerator {
   const google::protobuf::FieldDescriptor* descriptor() const { return field_; }
   const std::string& name() const { return variables_.at("name"); }
   const std::string& tag_value() const { return variables_.at("tag_value"); }
+  // The member that holds all scalars of the class.
+  const std::string& scalars() const { return variables_.at("scalars"); }
+  // What the source calls the namespace of lib/internal.
+  const std::string& internal_namespace() const {
+    return variables_.at("internal");
+  }
   int tag_size() const { return variables_.at("tag_size") == "1" ? 1 : 2; }
 
   // The header, in the class: the accessors with the field's comment and its
   // declaration in the schema; the members. Accessors that need the class of a
   // sub-message are only declared in the class and defined after all classes.
   //
-  // A scalar is a member of the class's struct Scalars, which is cleared,
+  // A scalar is a member of the class's struct of scalars, which is cleared,
   // copied and swapped as one.
   std::string PublicMembers() const;
   virtual std::string AccessorDeclarations() const = 0;
@@ -77,8 +83,12 @@ class FieldGenerator {
 
  protected:
   // The variables that all kinds have: $Class$, $name$, $tag$ (raw, in
-  // hexadecimal), $tag_value$, $tag_size$, $PeekTag$.
+  // hexadecimal), $tag_value$, $tag_size$, $PeekTag$, $internal$, $scalars$.
   const Variables& variables() const { return variables_; }
+  // `name` in the namespace of lib/internal.
+  std::string Internal(const std::string& name) const {
+    return internal_namespace() + "::" + name;
+  }
   void AddVariables(const Variables& more) {
     variables_ = Combine(variables_, more);
   }

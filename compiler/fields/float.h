@@ -23,7 +23,7 @@ class FloatFieldGenerator : public ScalarFieldGenerator {
 
  protected:
   std::string IsNonZero(const std::string& value) const override {
-    return "internal::IsNonZero(" + value + ")";
+    return Internal("IsNonZero(") + value + ")";
   }
   std::string ValueSize() const override { return "4"; }
 };

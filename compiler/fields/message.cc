@@ -65,7 +65,7 @@ std::string MessageFieldGenerator::InlineAccessorDefinitions() const {
 std::string MessageFieldGenerator::NonInlineAccessorDefinitions() const {
   const std::string unsafe_arena =
       !has_arenas_ ? "" : Substitute(variables(), R"(
-      void $Class$::unsafe_arena_set_allocated_$name$($Sub$* value) { internal::UnsafeArenaSetAllocatedMessage(value, $arena$, &$name$_); }
+      void $Class$::unsafe_arena_set_allocated_$name$($Sub$* value) { $internal$::UnsafeArenaSetAllocatedMessage(value, $arena$, &$name$_); }
   )");
   return Substitute(
       Combine(variables(), {{"clear", is_foreign_ ? ClearDefinition() : ""},
@@ -85,13 +85,13 @@ std::string MessageFieldGenerator::InternalAccessorDeclaration() const {
 
 std::string MessageFieldGenerator::InitAsDefaultInstance() const {
   return Substitute(variables(), R"(
-      internal::SetDefaultMessage(&instance->$name$_);
+      $internal$::SetDefaultMessage(&instance->$name$_);
   )");
 }
 
 std::string MessageFieldGenerator::CopySubMessage() const {
   return Substitute(variables(), R"(
-      $name$_ = internal::CopyMessage(from.$name$_);
+      $name$_ = $internal$::CopyMessage(from.$name$_);
   )");
 }
 
@@ -103,19 +103,19 @@ std::string MessageFieldGenerator::DeleteSubMessage() const {
 
 std::string MessageFieldGenerator::Clear() const {
   return Substitute(variables(), R"(
-      internal::ClearMessage($local_arena$, &$name$_);
+      $internal$::ClearMessage($local_arena$, &$name$_);
   )");
 }
 
 std::string MessageFieldGenerator::Merge() const {
   return Substitute(variables(), R"(
-      internal::MergeMessage(from.$name$_, $local_arena$, &$name$_);
+      $internal$::MergeMessage(from.$name$_, $local_arena$, &$name$_);
   )");
 }
 
 std::string MessageFieldGenerator::Copy() const {
   return Substitute(variables(), R"(
-      internal::CopySubMessage(from.$name$_, $local_arena$, &$name$_);
+      $internal$::CopySubMessage(from.$name$_, $local_arena$, &$name$_);
   )");
 }
 
@@ -127,18 +127,18 @@ std::string MessageFieldGenerator::Swap() const {
 
 std::string MessageFieldGenerator::ByteSize() const {
   return Substitute(variables(), R"(
-      size += internal::MessageSize<$tag_size$>($name$_);
+      size += $internal$::MessageSize<$tag_size$>($name$_);
   )");
 }
 
 std::string MessageFieldGenerator::Serialize() const {
   return Substitute(variables(), R"(
-      p = internal::WriteMessageField<$tag_value$>(p, $name$_, writer);
+      p = $internal$::WriteMessageField<$tag_value$>(p, $name$_, writer);
   )");
 }
 
 std::string MessageFieldGenerator::Parse() const {
-  return ParseWhenTag("internal::ReadMessage(p + " +
+  return ParseWhenTag(Internal("ReadMessage(p + ") +
                       variables().at("tag_size") + ", end, self->mutable_" +
                       name() + "(), state)");
 }

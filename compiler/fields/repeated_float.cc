@@ -4,15 +4,15 @@ namespace vantiro {
 namespace compiler {
 
 std::string RepeatedFloatFieldGenerator::PayloadSize() const {
-  return "sizeof(float) * static_cast<size_t>(" + name() + "_.size())";
+  return "sizeof(float) * static_cast<::size_t>(" + name() + "_.size())";
 }
 
 std::string RepeatedFloatFieldGenerator::WriteFunction() const {
-  return "internal::WritePackedFloats<" + variables().at("tag_value") + ">";
+  return Internal("WritePackedFloats<") + tag_value() + ">";
 }
 
 std::string RepeatedFloatFieldGenerator::ReadFunction() const {
-  return "internal::ReadRepeatedFloat";
+  return Internal("ReadRepeatedFloat");
 }
 
 }  // namespace compiler

@@ -70,7 +70,7 @@ std::string RepeatedMessageFieldGenerator::Merge() const {
 
 std::string RepeatedMessageFieldGenerator::Copy() const {
   return Substitute(variables(), R"(
-      internal::CopyRepeated(from.$name$_, target, &$name$_);
+      $internal$::CopyRepeated(from.$name$_, target, &$name$_);
   )");
 }
 
@@ -82,18 +82,18 @@ std::string RepeatedMessageFieldGenerator::Swap() const {
 
 std::string RepeatedMessageFieldGenerator::ByteSize() const {
   return Substitute(variables(), R"(
-      size += internal::RepeatedMessageSize<$tag_size$>($name$_);
+      size += $internal$::RepeatedMessageSize<$tag_size$>($name$_);
   )");
 }
 
 std::string RepeatedMessageFieldGenerator::Serialize() const {
   return Substitute(variables(), R"(
-      p = internal::WriteRepeatedMessage<$tag_value$>(p, $name$_, writer);
+      p = $internal$::WriteRepeatedMessage<$tag_value$>(p, $name$_, writer);
   )");
 }
 
 std::string RepeatedMessageFieldGenerator::Parse() const {
-  return ParseWhenTag("internal::ReadMessage(p + " +
+  return ParseWhenTag(Internal("ReadMessage(p + ") +
                       variables().at("tag_size") + ", end, self->" + name() +
                       "_.Add(), state)");
 }

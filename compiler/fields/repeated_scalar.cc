@@ -65,7 +65,7 @@ std::string RepeatedScalarFieldGenerator::Merge() const {
 
 std::string RepeatedScalarFieldGenerator::Copy() const {
   return Substitute(variables(), R"(
-      internal::CopyRepeated(from.$name$_, target, &$name$_);
+      $internal$::CopyRepeated(from.$name$_, target, &$name$_);
   )");
 }
 
@@ -77,7 +77,7 @@ std::string RepeatedScalarFieldGenerator::Swap() const {
 
 std::string RepeatedScalarFieldGenerator::ByteSize() const {
   return Substitute(Combine(variables(), {{"payload_size", PayloadSize()}}), R"(
-      size += internal::PackedSize<$tag_size$>($payload_size$, &_$name$_cached_byte_size_);
+      size += $internal$::PackedSize<$tag_size$>($payload_size$, &_$name$_cached_byte_size_);
   )");
 }
 

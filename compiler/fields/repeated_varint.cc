@@ -14,28 +14,27 @@ std::string RepeatedVarintFieldGenerator::ElementToGet() const {
 
 std::string RepeatedVarintFieldGenerator::PayloadSize() const {
   const std::string size_kind = kind_.size_kind;
-  return (size_kind.empty()
-              ? std::string("WireFormatLite::") + kind_.name + "Size("
-              : "internal::" + size_kind + "PayloadSize(") +
+  return Internal(size_kind.empty()
+                      ? std::string("WireFormatLite::") + kind_.name + "Size("
+                      : size_kind + "PayloadSize(") +
          name() + "_)";
 }
 
 std::string RepeatedVarintFieldGenerator::WriteFunction() const {
-  return "internal::WritePackedVarints<" + tag_value() +
-         ", internal::" + kind_.name + ">";
+  return Internal("WritePackedVarints<") + tag_value() + ", " +
+         Internal(kind_.name) + ">";
 }
 
 std::string RepeatedVarintFieldGenerator::ReadFunction() const {
-  return std::string("internal::ReadRepeatedVarint<internal::") + kind_.name +
-         ">";
+  return Internal("ReadRepeatedVarint<") + Internal(kind_.name) + ">";
 }
 
 std::string RepeatedBoolFieldGenerator::WriteFunction() const {
-  return "internal::WritePackedBools<" + tag_value() + ">";
+  return Internal("WritePackedBools<") + tag_value() + ">";
 }
 
 std::string RepeatedBoolFieldGenerator::PayloadSize() const {
-  return "static_cast<size_t>(" + name() + "_.size())";
+  return "static_cast<::size_t>(" + name() + "_.size())";
 }
 
 }  // namespace compiler

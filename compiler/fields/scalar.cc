@@ -12,9 +12,9 @@ ScalarFieldGenerator::ScalarFieldGenerator(
 
 std::string ScalarFieldGenerator::AccessorDeclarations() const {
   return Substitute(Combine(variables(), {{"value", ValueToGet()}}), R"(
-      void clear_$name$() { scalars_.$name$ = {}; }
+      void clear_$name$() { $scalars$.$name$ = {}; }
       $type$ $name$() const { return $value$; }
-      void set_$name$($type$ value) { scalars_.$name$ = value; }
+      void set_$name$($type$ value) { $scalars$.$name$ = value; }
   )");
 }
 
@@ -26,13 +26,13 @@ std::string ScalarFieldGenerator::Member() const {
 
 std::string ScalarFieldGenerator::Merge() const {
   return Substitute(variables(), R"(
-      internal::MergeScalar(from.scalars_.$name$, &scalars_.$name$);
+      $internal$::MergeScalar(from.$scalars$.$name$, &$scalars$.$name$);
   )");
 }
 
 std::string ScalarFieldGenerator::ByteSize() const {
   return Substitute(
-      Combine(variables(), {{"is_non_zero", IsNonZero("scalars_." + name())},
+      Combine(variables(), {{"is_non_zero", IsNonZero(StoredValue())},
                             {"value_size", ValueSize()}}),
       R"(
       if ($is_non_zero$) {
@@ -43,14 +43,14 @@ std::string ScalarFieldGenerator::ByteSize() const {
 
 std::string ScalarFieldGenerator::Serialize() const {
   return Substitute(variables(), R"(
-      p = internal::Write$Kind$Field<$tag_value$>(p, scalars_.$name$);
+      p = $internal$::Write$Kind$Field<$tag_value$>(p, $scalars$.$name$);
   )");
 }
 
 std::string ScalarFieldGenerator::Parse() const {
   return Substitute(variables(), R"(
       if (tag == $tag$) {  // $name$
-        p = internal::Read$Kind$(p + $tag_size$, end, &self->scalars_.$name$);
+        p = $internal$::Read$Kind$(p + $tag_size$, end, &self->$scalars$.$name$);
         if (p == nullptr) return nullptr;
         tag = $PeekTag$(p, end);
       }

@@ -10,7 +10,7 @@
 namespace vantiro {
 namespace compiler {
 
-// Held by value in the class's struct Scalars. A value of zero is neither
+// Held by value in the class's struct of scalars. A value of zero is neither
 // written nor merged.
 class ScalarFieldGenerator : public FieldGenerator {
  public:
@@ -30,13 +30,17 @@ class ScalarFieldGenerator : public FieldGenerator {
 
  protected:
   // The expression that the accessor returns.
-  virtual std::string ValueToGet() const { return "scalars_." + name(); }
+  virtual std::string ValueToGet() const { return StoredValue(); }
   // An expression that is true if `value` is written.
   virtual std::string IsNonZero(const std::string& value) const {
     return value + " != 0";
   }
   // An expression for the encoded size of the value, without the tag.
   virtual std::string ValueSize() const = 0;
+
+  std::string StoredValue() const {
+    return variables().at("scalars") + "." + name();
+  }
 };
 
 }  // namespace compiler

@@ -33,7 +33,7 @@ std::string StringFieldGenerator::AccessorDeclarations() const {
       void set_$name$(const ::std::string& value) { $name$_.$set$(value, GetArenaForAllocation()); }
       void set_$name$(::std::string&& value) { $name$_.$set$(::std::move(value), GetArenaForAllocation()); }
       void set_$name$(const char* value) { $name$_.$set$(value, GetArenaForAllocation()); }
-      void set_$name$($data$ value, size_t size) { $name$_.$set$(value, size, GetArenaForAllocation()); }
+      void set_$name$($data$ value, ::size_t size) { $name$_.$set$(value, size, GetArenaForAllocation()); }
       ::std::string* mutable_$name$() { return $name$_.Mutable(GetArenaForAllocation()); }
       ::std::string* release_$name$() { return $name$_.Release(); }
       void set_allocated_$name$(::std::string* value) { $name$_.SetAllocated(value, GetArenaForAllocation()); }
@@ -50,7 +50,7 @@ std::string StringFieldGenerator::Construct() const {
 std::string StringFieldGenerator::CopyConstruct() const {
   return Substitute(variables(), R"(
       $name$_.InitDefault();
-      internal::MergeString(from.$name$_, nullptr, &$name$_);
+      $internal$::MergeString(from.$name$_, nullptr, &$name$_);
   )");
 }
 
@@ -68,13 +68,13 @@ std::string StringFieldGenerator::Clear() const {
 
 std::string StringFieldGenerator::Merge() const {
   return Substitute(variables(), R"(
-      internal::MergeString(from.$name$_, GetArenaForAllocation(), &$name$_);
+      $internal$::MergeString(from.$name$_, GetArenaForAllocation(), &$name$_);
   )");
 }
 
 std::string StringFieldGenerator::Copy() const {
   return Substitute(variables(), R"(
-      internal::CopyString(from.$name$_, GetArenaForAllocation(), &$name$_);
+      $internal$::CopyString(from.$name$_, GetArenaForAllocation(), &$name$_);
   )");
 }
 
@@ -87,7 +87,7 @@ std::string StringFieldGenerator::Swap() const {
 std::string StringFieldGenerator::ByteSize() const {
   return Substitute(variables(), R"(
       if (!$name$_.Get().empty()) {
-        size += internal::StringSize<$tag_size$>($name$_.Get());
+        size += $internal$::StringSize<$tag_size$>($name$_.Get());
       }
   )");
 }
@@ -95,20 +95,19 @@ std::string StringFieldGenerator::ByteSize() const {
 std::string StringFieldGenerator::Serialize() const {
   const std::string check = kind_ == kBytes ? "" : Substitute(variables(), R"(
       // An invalid string is logged and written all the same.
-      internal::CheckUtf8($name$(), WireFormatLite::SERIALIZE, "$path$");
+      $internal$::CheckUtf8($name$_.Get(), $internal$::WireFormatLite::SERIALIZE, "$path$");
   )");
   return Substitute(Combine(variables(), {{"check", check}}), R"(
-      if (!$name$().empty()) {
+      if (!$name$_.Get().empty()) {
         $check$
-        p = internal::WriteBytes<$tag_value$>(p, $name$(), writer);
+        p = $internal$::WriteBytes<$tag_value$>(p, $name$_.Get(), writer);
       }
   )");
 }
 
 std::string StringFieldGenerator::Parse() const {
   return ParseWhenTag(
-      std::string(kind_ == kBytes ? "internal::ReadBytes(p + "
-                                  : "internal::ReadString(p + ") +
+      Internal(kind_ == kBytes ? "ReadBytes(p + " : "ReadString(p + ") +
       variables().at("tag_size") + ", end, &self->" + name() +
       "_, self->GetArenaForAllocation()" +
       (kind_ == kBytes ? "" : ", \"" + descriptor()->full_name() + "\"") + ")");

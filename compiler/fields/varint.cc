@@ -18,8 +18,8 @@ std::string VarintFieldGenerator::ValueToGet() const {
 }
 
 std::string VarintFieldGenerator::ValueSize() const {
-  return std::string("WireFormatLite::") + kind_.name + "Size(scalars_." +
-         name() + ")";
+  return Internal("WireFormatLite::") + kind_.name + "Size(" + StoredValue() +
+         ")";
 }
 
 }  // namespace compiler

@@ -23,6 +23,8 @@
 namespace vantiro {
 namespace internal {
 
+using google::protobuf::internal::WireFormatLite;
+
 // The functions here load up to 12 bytes of an object that are before its
 // scalars.
 static_assert(sizeof(google::protobuf::MessageLite) >= 12,

@@ -26,6 +26,19 @@ std::string MakeScratchFolder() {
   return path;
 }
 
+CommandRun RunCommand(const std::string& command) {
+  CommandRun run;
+  FILE* const pipe = popen((command + " 2>&1").c_str(), "r");
+  std::array<char, 4096> block;
+  for (size_t count;
+       (count = fread(block.data(), 1, block.size(), pipe)) > 0;) {
+    run.said.append(block.data(), count);
+  }
+  const int status = pclose(pipe);
+  run.exit_status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return run;
+}
+
 ProtocRun RunProtoc(const std::vector<std::string>& folders,
                     const std::vector<std::string>& files,
                     const std::string& option) {
@@ -36,15 +49,7 @@ ProtocRun RunProtoc(const std::vector<std::string>& folders,
   for (const std::string& folder : folders) command += Quote("-I" + folder);
   for (const std::string& file : files) command += Quote(file);
 
-  ProtocRun run;
-  FILE* const pipe = popen((command + " 2>&1").c_str(), "r");
-  std::array<char, 4096> block;
-  for (size_t count;
-       (count = fread(block.data(), 1, block.size(), pipe)) > 0;) {
-    run.said.append(block.data(), count);
-  }
-  const int status = pclose(pipe);
-  run.exit_status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  ProtocRun run{RunCommand(command), {}};
   for (const std::string& name : FilesIn(output, "")) {
     std::ifstream file(output + "/" + name, std::ios::binary);
     run.files[name] = {std::istreambuf_iterator<char>(file),

@@ -13,10 +13,16 @@ namespace tests {
 // A new folder, which is the caller's to remove.
 std::string MakeScratchFolder();
 
-struct ProtocRun {
+struct CommandRun {
   int exit_status;
   // Standard output and standard error.
   std::string said;
+};
+
+// Gives `command` to the shell.
+CommandRun RunCommand(const std::string& command);
+
+struct ProtocRun : CommandRun {
   // What was written, by file name.
   std::map<std::string, std::string> files;
 };

@@ -33,20 +33,20 @@ std::vector<std::string> RefusalsWanted(const std::string& name) {
   return result;
 }
 
-std::vector<std::string> Faults(const std::string& folder,
+std::vector<std::string> Errors(const std::string& folder,
                                 const std::string& name) {
-  std::vector<std::string> faults;
+  compiler::ValidationErrors errors;
   Schemas schemas(folder);
   const auto* const file = schemas.Import(name);
-  if (file != nullptr) compiler::FindUnsupported(file, &faults);
-  return faults;
+  if (file != nullptr) compiler::Validate(file, &errors);
+  return errors.lines();
 }
 
 class RefusedSchema : public testing::TestWithParam<std::string> {};
 
 TEST_P(RefusedSchema, IsNamedFaultByFaultWithItsPlace) {
   const std::string wanted = Lines(RefusalsWanted(GetParam()));
-  EXPECT_EQ(Lines(Faults(VANTIRO_REFUSED, GetParam())), wanted);
+  EXPECT_EQ(Lines(Errors(VANTIRO_REFUSED, GetParam())), wanted);
 }
 
 TEST_P(RefusedSchema, MakesProtocFailWithOneLineForEachFault) {
@@ -87,7 +87,7 @@ TEST(Refusal, ParametersAreUnknown) {
 
 TEST(Refusal, DoesNotTouchTheLibrarysUnits) {
   for (const std::string& name : FilesIn(VANTIRO_SCHEMA, ".proto")) {
-    EXPECT_EQ(Lines(Faults(VANTIRO_SCHEMA, name)), "");
+    EXPECT_EQ(Lines(Errors(VANTIRO_SCHEMA, name)), "");
   }
 }
 

@@ -32,9 +32,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Silent errors;
   const auto* const file = pool.BuildFileCollectingErrors(set.file(0), &errors);
   if (file == nullptr) return 0;
-  std::vector<std::string> faults;
-  vantiro::compiler::FindUnsupported(file, &faults);
-  if (!faults.empty()) return 0;
+  vantiro::compiler::ValidationErrors invalid;
+  vantiro::compiler::Validate(file, &invalid);
+  if (!invalid.lines().empty()) return 0;
   const vantiro::compiler::FileGenerator first(file);
   const vantiro::compiler::FileGenerator second(file);
   EXPECT_EQ(first.Header(), second.Header());
