@@ -31,7 +31,7 @@ if(NOT VANTIRO_CLASSES MATCHES "^(plugin|protoc)$")
 endif()
 if(VANTIRO_CLASSES STREQUAL "plugin" AND NOT VANTIRO_RUNTIME STREQUAL "3.21")
   message(FATAL_ERROR
-    "The plug-in's classes stand on Protocol Buffers 3.21, found "
+    "The plug-in's classes need Protocol Buffers 3.21, found "
     "${Protobuf_VERSION}. Here protoc's own are used: -DVANTIRO_CLASSES=protoc.")
 endif()
 

@@ -63,21 +63,21 @@ using google::protobuf::io::StringOutputStream;
     EXPECT(message.name() == Type());                                  \
   } while (false)
 
-// Fills a list of scalars and reads it in every way.
-#define EXPECT_LIST(Message, name, Type, Element, example)         \
-  do {                                                             \
-    Message message;                                               \
-    message.add_##name(Type());                                    \
-    message.set_##name(0, example);                                \
-    Type first = message.name(0);                                  \
-    EXPECT(message.name##_size() == 1 && first == example);        \
-    RepeatedField<Element>* const list = message.mutable_##name(); \
-    list->Add(first);                                              \
-    const RepeatedField<Element>& read = message.name();           \
-    for (Element element : read) EXPECT(element == example);       \
-    EXPECT(read.size() == 2);                                      \
-    message.clear_##name();                                        \
-    EXPECT(message.name##_size() == 0);                            \
+// Fills a repeated field of scalars and reads it in every way.
+#define EXPECT_REPEATED(Message, name, Type, Element, example)       \
+  do {                                                               \
+    Message message;                                                 \
+    message.add_##name(Type());                                      \
+    message.set_##name(0, example);                                  \
+    Type first = message.name(0);                                    \
+    EXPECT(message.name##_size() == 1 && first == example);          \
+    RepeatedField<Element>* const values = message.mutable_##name(); \
+    values->Add(first);                                              \
+    const RepeatedField<Element>& read = message.name();             \
+    for (Element element : read) EXPECT(element == example);         \
+    EXPECT(read.size() == 2);                                        \
+    message.clear_##name();                                          \
+    EXPECT(message.name##_size() == 0);                              \
   } while (false)
 
 static void Scalars() {
@@ -93,24 +93,24 @@ static void Scalars() {
                 zaf_debug::ZAfManualPosType, zaf_debug::ZAfManualPosType_MAX);
 }
 
-static void Lists() {
-  EXPECT_LIST(z3abase::ZhawbInformation, field_2, float, float, 1.5f);
-  EXPECT_LIST(zaf_debug::ZAfFrameInputSmartRoi, field_4, std::uint32_t,
-              std::uint32_t, 7u);
-  EXPECT_LIST(zabc::FlickerInfo, field_3, std::int32_t, std::int32_t, -7);
-  EXPECT_LIST(zaf_debug::ZAfFrameInputMultistatsParam, field_7, std::int32_t,
-              std::int32_t, -7);
-  EXPECT_LIST(zabc::MultiCamSwitchResult, field_1, zabc::CameraDualMode, int,
-              zabc::CameraDualMode_MAX);
+static void RepeatedScalars() {
+  EXPECT_REPEATED(z3abase::ZhawbInformation, field_2, float, float, 1.5f);
+  EXPECT_REPEATED(zaf_debug::ZAfFrameInputSmartRoi, field_4, std::uint32_t,
+                  std::uint32_t, 7u);
+  EXPECT_REPEATED(zabc::FlickerInfo, field_3, std::int32_t, std::int32_t, -7);
+  EXPECT_REPEATED(zaf_debug::ZAfFrameInputMultistatsParam, field_7,
+                  std::int32_t, std::int32_t, -7);
+  EXPECT_REPEATED(zabc::MultiCamSwitchResult, field_1, zabc::CameraDualMode,
+                  int, zabc::CameraDualMode_MAX);
 }
 
-static void Texts() {
+static void Strings() {
   zhawb::ZHawbDebugCameraInformation camera;
   const std::string name = "name";
   camera.set_sensor_name(name);
   camera.set_sensor_name(std::string("moved"));
   camera.set_sensor_name("literal");
-  camera.set_sensor_name("counted text", 7);
+  camera.set_sensor_name("counted string", 7);
   const std::string& sensor_name = camera.sensor_name();
   EXPECT(sensor_name == "counted");
   camera.mutable_sensor_name()->append("!");
@@ -127,8 +127,8 @@ static void Texts() {
   Arena arena;
   auto* const on_arena =
       Arena::CreateMessage<zhawb::ZHawbDebugCameraInformation>(&arena);
-  std::string* const text = Arena::Create<std::string>(&arena, "on the arena");
-  on_arena->unsafe_arena_set_allocated_device_name(text);
+  std::string* const owned = Arena::Create<std::string>(&arena, "on the arena");
+  on_arena->unsafe_arena_set_allocated_device_name(owned);
   EXPECT(on_arena->device_name() == "on the arena");
   EXPECT(*on_arena->unsafe_arena_release_device_name() == "on the arena");
 }
@@ -152,10 +152,10 @@ static void SubMessages() {
   zaf_debug::ZAfFrameInputPd_ZAfPdWindow* const same = window;
   EXPECT(roi.mutable_pd_window_list(0) == same);
   EXPECT(&roi.pd_window_list(0) == same && roi.pd_window_list_size() == 1);
-  RepeatedPtrField<zaf_debug::ZAfFrameInputPd::ZAfPdWindow>* const list =
+  RepeatedPtrField<zaf_debug::ZAfFrameInputPd::ZAfPdWindow>* const windows =
       roi.mutable_pd_window_list();
-  list->Add();
-  delete list->ReleaseLast();
+  windows->Add();
+  delete windows->ReleaseLast();
   for (const auto& element : roi.pd_window_list()) EXPECT(&element == window);
   roi.clear_pd_window_list();
   EXPECT(roi.pd_window_list().empty());
@@ -262,8 +262,8 @@ static void Bytes() {
   CodedInputStream input(array, 5);
   EXPECT(read.MergePartialFromCodedStream(&input));
   EXPECT(input.ConsumedEntireMessage());
-  ArrayInputStream blocks(array, 5, 2);
-  EXPECT(read.ParseFromZeroCopyStream(&blocks));
+  ArrayInputStream chunks(array, 5, 2);
+  EXPECT(read.ParseFromZeroCopyStream(&chunks));
   EXPECT(read.window_size().field_7() == 300);
   EXPECT(!read.ParseFromString("\x05"));
 }
@@ -271,8 +271,8 @@ static void Bytes() {
 int main() {
   GOOGLE_PROTOBUF_VERIFY_VERSION;
   Scalars();
-  Lists();
-  Texts();
+  RepeatedScalars();
+  Strings();
   SubMessages();
   Enums();
   Values();

@@ -36,9 +36,9 @@ std::vector<std::string> Ask(const std::string& tool,
   FILE* const pipe =
       popen(("LC_ALL=C " + tool + " '" + library + "'").c_str(), "r");
   std::string said;
-  std::array<char, 4096> block;
-  for (size_t n; (n = fread(block.data(), 1, block.size(), pipe)) > 0;) {
-    said.append(block.data(), n);
+  std::array<char, 4096> buffer;
+  for (size_t n; (n = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
+    said.append(buffer.data(), n);
   }
   EXPECT_EQ(pclose(pipe), 0) << tool;
   std::vector<std::string> lines;
@@ -102,10 +102,10 @@ TEST(Library, HasNoTypeInformation) {
   }
 }
 
-std::string Replace(std::string text, char hole, const std::string& filling) {
-  for (size_t at = 0; (at = text.find(hole, at)) != std::string::npos;) {
-    text.replace(at, 1, filling);
-    at += filling.size();
+std::string Replace(std::string text, char from, const std::string& to) {
+  for (size_t at = 0; (at = text.find(from, at)) != std::string::npos;) {
+    text.replace(at, 1, to);
+    at += to.size();
   }
   return text;
 }
