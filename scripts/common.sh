@@ -18,6 +18,17 @@ export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
 
 say() { printf '\033[1m== %s\033[0m\n' "$*" >&2; }
 die() { printf 'run: %s\n' "$*" >&2; exit 2; }
+wrong_use() { die "$* (./run --help lists what can be given)"; }
+
+# bench and mutants have help of their own.
+if [[ ${1:-} =~ ^(-h|--help)$ && ! ${0##*/} =~ ^(bench|mutants)$ ]]; then
+  exec ./run --help
+fi
+
+# For commands that can be told nothing.
+no_options() {
+  (($# == 0)) || wrong_use "${0##*/} has no options: $*"
+}
 
 as_root() {
   if ((EUID == 0)); then
