@@ -3,7 +3,9 @@
 add_library(vantiro_options INTERFACE)
 target_compile_features(vantiro_options INTERFACE cxx_std_17)
 target_compile_options(vantiro_options INTERFACE
-  -Wall -Wextra -Wshadow -Wnon-virtual-dtor)
+  -Wall -Wextra -Wconversion -Wextra-semi -Wimplicit-fallthrough
+  -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Wshadow
+  -Wsign-conversion)
 
 if(VANTIRO_SANITIZE)
   add_compile_options(-fsanitize=${VANTIRO_SANITIZE} -fno-omit-frame-pointer -O1)

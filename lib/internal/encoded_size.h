@@ -64,7 +64,8 @@ class FieldSizes {
   __attribute__((always_inline)) void Add(const void* first) {
     constexpr int kCount = kOneByteTags + kTwoByteTags;
     const auto* const begin = static_cast<const char*>(first);
-    AddFours<Kind, kOneByteTags>(begin, std::make_index_sequence<kCount / 4>());
+    AddFours<Kind, kOneByteTags>(begin,
+                                 std::make_integer_sequence<int, kCount / 4>());
     if (kCount % 4 != 0) {
       AddFour<Kind>(begin + ptrdiff_t{4} * (kCount - 4),
                     TagSizes(kCount - 4, kOneByteTags, 4 - kCount % 4));
@@ -86,11 +87,11 @@ class FieldSizes {
     return i < skipped ? 0 : start + i < one_byte_tags ? 1 : 2;
   }
 
-  template <typename Kind, int kOneByteTags, size_t... kIndex>
+  template <typename Kind, int kOneByteTags, int... kIndex>
   __attribute__((always_inline)) void AddFours(
-      const char* begin, std::index_sequence<kIndex...> /*indices*/) {
-    (AddFour<Kind>(begin + 16 * kIndex,
-                   TagSizes(int{4 * kIndex}, kOneByteTags, 0)),
+      const char* begin, std::integer_sequence<int, kIndex...> /*indices*/) {
+    (AddFour<Kind>(begin + ptrdiff_t{16} * kIndex,
+                   TagSizes(4 * kIndex, kOneByteTags, 0)),
      ...);
   }
 

@@ -38,7 +38,7 @@ inline Four VarintSizes(Four values) {
   const FourFloats floats = __builtin_convertvector(
       reinterpret_cast<FourSigned>(high_bits), FourFloats);
   const Four exponents = reinterpret_cast<Four>(floats) << 1 >> 24;
-  return ((exponents << 3) + exponents + (73 - 9 * 127)) >> 6;
+  return ((exponents << 3) + exponents - (9 * 127 - 73)) >> 6;
 }
 
 #else

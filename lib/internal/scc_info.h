@@ -5,6 +5,7 @@
 #define VANTIRO_LIB_INTERNAL_SCC_INFO_H_
 
 #include <atomic>
+#include <cstddef>
 
 namespace vantiro {
 namespace internal {
@@ -35,7 +36,7 @@ struct SccInfo {
         dependencies{&of_fields->base...} {}
 
   SccInfoBase base;
-  SccInfoBase* dependencies[kCount == 0 ? 1 : kCount];
+  SccInfoBase* dependencies[size_t{kCount == 0 ? 1 : kCount}];
 };
 
 // The slow path of InitScc. Safe from any thread. An init function constructs a

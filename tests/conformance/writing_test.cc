@@ -156,7 +156,7 @@ void ExpectWritesWithinBounds(const Change& change, size_t padding) {
 
 TEST(Writing, StaleSizesNeverWriteOutOfBounds) {
   for (const Change& change : kChanges) {
-    for (const size_t padding : {0, 250, 280, 400, 3000}) {
+    for (const size_t padding : {0U, 250U, 280U, 400U, 3000U}) {
       ExpectWritesWithinBounds(change, padding);
       if (HasFailure()) return;
     }

@@ -18,8 +18,8 @@ void ExpectNegativeZerosDropped(std::mt19937* random) {
                           -1.0F,
                           std::numeric_limits<float>::quiet_NaN(),
                           -std::numeric_limits<float>::denorm_min()};
-  float floats[kCount + 2];
-  float before[kCount + 2];
+  float floats[size_t{kCount + 2}];
+  float before[size_t{kCount + 2}];
   for (float& value : floats) value = values[(*random)() % 6];
   // What is next to them stays.
   floats[0] = -0.0F;

@@ -74,8 +74,8 @@ uint32_t RandomValue(std::mt19937* random) {
 template <int kOneByteTags, int kTwoByteTags>
 void ExpectSizesOfRuns(std::mt19937* random) {
   constexpr int kCount = kOneByteTags + kTwoByteTags;
-  uint32_t values[4 + kCount];
-  bool bools[8 + kCount];
+  uint32_t values[size_t{4 + kCount}];
+  bool bools[size_t{8 + kCount}];
   for (uint32_t& value : values) value = RandomValue(random);
   for (bool& value : bools) value = (*random)() % 2 == 0;
   size_t expected = 0;
@@ -126,7 +126,7 @@ TEST(EncodedSize, OfPackedPayloadsIsTheRuntimes) {
 }
 
 TEST(EncodedSize, WithLengthCountsTheLengthsOwnBytes) {
-  for (const size_t edge : {0x80, 0x4000, 0x200000, 0x10000000}) {
+  for (const size_t edge : {0x80U, 0x4000U, 0x200000U, 0x10000000U}) {
     for (const size_t size : {edge - 1, edge}) {
       EXPECT_EQ(WithLength(size), WireFormatLite::LengthDelimitedSize(size));
     }

@@ -38,7 +38,7 @@ TEST(Varint, OfEveryLengthIsReadAndNeedsAllItsBytes) {
   for (int bit = 0; bit < 64; ++bit) {
     const uint64_t edge = uint64_t{1} << bit;
     for (const uint64_t value : {edge - 1, edge, ~edge}) {
-      for (const size_t space : {0, 1, 9, 20}) ExpectReads(value, space);
+      for (const size_t space : {0U, 1U, 9U, 20U}) ExpectReads(value, space);
     }
   }
 }

@@ -19,13 +19,13 @@ namespace vantiro {
 namespace tests {
 namespace {
 
-constexpr int kThreads = 8;
+constexpr unsigned kThreads = 8;
 
 // Runs `work` on all threads, started at the same moment; each gets its number.
-void Race(const std::function<void(int)>& work) {
-  std::atomic<int> waiting{0};
+void Race(const std::function<void(unsigned)>& work) {
+  std::atomic<unsigned> waiting{0};
   std::vector<std::thread> threads;
-  for (int i = 0; i < kThreads; ++i) {
+  for (unsigned i = 0; i < kThreads; ++i) {
     threads.emplace_back([&, i] {
       ++waiting;
       while (waiting < kThreads) std::this_thread::yield();
@@ -37,19 +37,18 @@ void Race(const std::function<void(int)>& work) {
 
 // Runs `work` on all threads, each of which has to see the same addresses.
 template <typename Address>
-void ExpectTheSame(const std::function<std::vector<Address>(int)>& work) {
+void ExpectTheSame(const std::function<std::vector<Address>(unsigned)>& work) {
   std::vector<std::vector<Address>> seen(kThreads);
-  Race([&](int thread) { seen[thread] = work(thread); });
+  Race([&](unsigned thread) { seen[thread] = work(thread); });
   for (const auto& addresses : seen) EXPECT_EQ(addresses, seen[0]);
 }
 
 TEST(FirstUse, FromManyThreadsInitialisesEachTypeOnce) {
   const std::vector<Type>& types = AllTypes();
-  ExpectTheSame<const MessageLite*>([&types](int thread) {
+  ExpectTheSame<const MessageLite*>([&types](unsigned thread) {
     std::vector<size_t> order(types.size());
     for (size_t i = 0; i < order.size(); ++i) order[i] = i;
-    std::shuffle(order.begin(), order.end(),
-                 std::mt19937(static_cast<unsigned>(thread)));
+    std::shuffle(order.begin(), order.end(), std::mt19937(thread));
     std::vector<const MessageLite*> instances(types.size());
     for (const size_t i : order) {
       EXPECT_EQ(types[i].New()->ByteSizeLong(), 0u);
@@ -61,7 +60,7 @@ TEST(FirstUse, FromManyThreadsInitialisesEachTypeOnce) {
 }
 
 // The addresses of the names of the first few values of all enums.
-std::vector<const std::string*> EnumNames(int /*thread*/) {
+std::vector<const std::string*> EnumNames(unsigned /*thread*/) {
   std::vector<const std::string*> names;
   for (int value = 0; value < 8; ++value) {
 #define VANTIRO_ENUM(type, full_name, scope, name) \
@@ -92,7 +91,7 @@ void ReadWhatIsShared() {
 
 TEST(Threads, UseRecordsOfTheirOwnAndReadWhatIsShared) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(3);
-  Race([end](int thread) {
+  Race([end](unsigned thread) {
     while (std::chrono::steady_clock::now() < end) {
       if (thread % 2 == 0) {
         ReadAndWrite(thread % 4 == 0 ? "z3a_debug_data.zaf.DebugExif"

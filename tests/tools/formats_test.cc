@@ -126,7 +126,7 @@ TEST(Formats, ReadOtherNotationsOfTheTextFormat) {
 }
 
 TEST(Formats, ReadNestingUpTo100Levels) {
-  for (const size_t depth : {100, 101}) {
+  for (const size_t depth : {100U, 101U}) {
     std::string text;
     std::string json = "[]";
     for (size_t i = 0; i < depth; ++i) {

@@ -84,7 +84,8 @@ void RandomFiller::Set(const FieldDescriptor& field, Message* message) {
           field, message);
     case FieldDescriptor::CPPTYPE_UINT32:
       return Put(&R::SetUInt32, &R::AddUInt32,
-                 static_cast<uint32_t>(is_extreme_ ? Bits() : Number(4000)),
+                 is_extreme_ ? static_cast<uint32_t>(Bits())
+                             : static_cast<uint32_t>(Number(4000)),
                  field, message);
     case FieldDescriptor::CPPTYPE_INT64:
       return Put(&R::SetInt64, &R::AddInt64,

@@ -21,7 +21,7 @@ class RandomFiller {
     kExtreme,
   };
 
-  RandomFiller(unsigned seed, Values values)
+  RandomFiller(std::mt19937::result_type seed, Values values)
       : random_(seed), is_extreme_(values == kExtreme) {}
 
   // Sets about two of three fields.

@@ -89,7 +89,7 @@ const MessageStructure& StructureCache::Get(const Descriptor& type) {
 bool CanBegin(const MessageStructure& structure, uint8_t byte) {
   for (size_t number = 1; number < structure.fields.size(); ++number) {
     const FieldStructure& field = structure.fields[number];
-    const size_t tag = number << 3 | field.wire_type;
+    const size_t tag = number << 3 | static_cast<size_t>(field.wire_type);
     const size_t first = tag < 0x80 ? tag : (tag & 0x7f) | 0x80;
     if (field.kind != Kind::kNone && first == byte) return true;
   }

@@ -21,6 +21,10 @@ namespace {
 
 constexpr size_t kBytesInLine = 16;
 
+std::string_view Between(const char* begin, const char* end) {
+  return {begin, static_cast<size_t>(end - begin)};
+}
+
 // The bytes of one part of a field: tag, length, value ...
 struct Piece {
   Span span;
@@ -191,9 +195,8 @@ class PageWriter {
 
 void WriteHead(const RecordTree& tree, const std::string& title,
                std::ostream& out) {
-  const std::string_view style(
-      vantiro_annotation_style_begin,
-      vantiro_annotation_style_end - vantiro_annotation_style_begin);
+  const std::string_view style =
+      Between(vantiro_annotation_style_begin, vantiro_annotation_style_end);
   out << R"(<!DOCTYPE html>
 <html lang="en">
 <head>
@@ -221,9 +224,8 @@ void WriteHead(const RecordTree& tree, const std::string& title,
 }
 
 void WriteTail(std::ostream& out) {
-  const std::string_view script(
-      vantiro_annotation_script_begin,
-      vantiro_annotation_script_end - vantiro_annotation_script_begin);
+  const std::string_view script =
+      Between(vantiro_annotation_script_begin, vantiro_annotation_script_end);
   out << "</main>\n<script>\n" << script << "</script>\n</body>\n</html>\n";
 }
 

@@ -149,7 +149,7 @@ std::string Totals(const tools::Schema& schema) {
     enums += EnumsOf(unit).size();
     for (const Descriptor* message : MessagesOf(unit)) {
       ++messages;
-      fields += message->field_count();
+      fields += tools::FieldsOf(message).size();
     }
   }
   return Count(schema.units().size(), "unit") + ", " +

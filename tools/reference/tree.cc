@@ -24,7 +24,7 @@ bool CarriesMessages(const Descriptor* message) {
 void AddNode(TreeNode node, std::set<const Descriptor*>* seen, Tree* tree) {
   const bool is_new = seen->insert(node.message).second;
   node.repeats = !is_new && CarriesMessages(node.message);
-  const int index = static_cast<int>(tree->size());
+  const size_t index = tree->size();
   tree->push_back(node);
   if (node.repeats) return;
   for (const FieldDescriptor* field : FieldsOf(node.message)) {
@@ -52,26 +52,26 @@ Tree TreeOf(const Descriptor* root) {
 Tree CutAt(const Tree& tree, int depth) {
   Tree cut;
   // By node: its index in the result, or that of its nearest ancestor there.
-  std::vector<int> indexes;
+  std::vector<size_t> indexes;
   for (const TreeNode& node : tree) {
-    const int parent = indexes.empty() ? 0 : indexes[node.parent];
+    const size_t parent = indexes.empty() ? 0 : indexes[node.parent];
     if (node.depth > depth) {
       ++cut[parent].hidden_count;
       indexes.push_back(parent);
       continue;
     }
-    indexes.push_back(static_cast<int>(cut.size()));
+    indexes.push_back(cut.size());
     cut.push_back(node);
     cut.back().parent = parent;
   }
   return cut;
 }
 
-Tree CutToCount(const Tree& tree, int node_count) {
+Tree CutToCount(const Tree& tree, size_t node_count) {
   Tree best = CutAt(tree, 1);
   for (int depth = 2; depth < DepthOf(tree); ++depth) {
     Tree deeper = CutAt(tree, depth);
-    if (static_cast<int>(deeper.size()) > node_count) break;
+    if (deeper.size() > node_count) break;
     best = std::move(deeper);
   }
   return best;
@@ -83,10 +83,10 @@ int DepthOf(const Tree& tree) {
   return depth + 1;
 }
 
-int TypeCountOf(const Tree& tree) {
+size_t TypeCountOf(const Tree& tree) {
   std::set<const Descriptor*> types;
   for (const TreeNode& node : tree) types.insert(node.message);
-  return static_cast<int>(types.size());
+  return types.size();
 }
 
 }  // namespace reference

@@ -5,6 +5,7 @@
 
 #include <google/protobuf/descriptor.h>
 
+#include <cstddef>
 #include <vector>
 
 namespace vantiro {
@@ -16,7 +17,7 @@ struct TreeNode {
   const google::protobuf::FieldDescriptor* field = nullptr;
   int depth = 0;
   // The index of the parent; the root is its own parent.
-  int parent = 0;
+  size_t parent = 0;
   // Its fields are shown at an earlier node of the same message.
   bool repeats = false;
   // How many nodes below it are left out.
@@ -33,12 +34,12 @@ Tree CutAt(const Tree& tree, int depth);
 
 // As many levels of `tree` as have no more than `node_count` nodes, but at
 // least two.
-Tree CutToCount(const Tree& tree, int node_count);
+Tree CutToCount(const Tree& tree, size_t node_count);
 
 // The number of levels; 1 for a root alone.
 int DepthOf(const Tree& tree);
 // The number of different messages, the root included.
-int TypeCountOf(const Tree& tree);
+size_t TypeCountOf(const Tree& tree);
 
 }  // namespace reference
 }  // namespace vantiro

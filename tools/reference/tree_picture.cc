@@ -68,13 +68,14 @@ std::string Label(const TreeNode& node, size_t row,
 }
 
 int WidthOf(const Tree& tree, const FileDescriptor* from) {
-  size_t width = 0;
+  int width = 0;
   for (const TreeNode& node : tree) {
     const size_t characters = FieldName(node).size() + Note(node).size() +
                               ShownName(from, node.message).size() + 4;
-    width = std::max(width, DotOf(node) + characters * kCharacterWidth);
+    width = std::max(
+        width, DotOf(node) + static_cast<int>(characters) * kCharacterWidth);
   }
-  return static_cast<int>(width);
+  return width;
 }
 
 // The number of leaves below each node; 1 for a leaf.

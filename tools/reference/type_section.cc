@@ -24,7 +24,7 @@ using tools::FieldsOf;
 using tools::Messages;
 
 // A picture with more lines is shortened; the complete one can be unfolded.
-constexpr int kPictureLines = 30;
+constexpr size_t kPictureLines = 30;
 
 std::string TypeLink(const FieldDescriptor* field) {
   const FileDescriptor* unit = field->file();

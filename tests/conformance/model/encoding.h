@@ -11,7 +11,7 @@
 namespace vantiro {
 namespace tests {
 
-enum WireType {
+enum WireType : uint32_t {
   kVarint = 0,
   kFixed64,
   kDelimited,
