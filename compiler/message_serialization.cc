@@ -21,24 +21,22 @@ constexpr size_t kMaxFloatRun = kMaxSpace / (2 + sizeof(float));
 using Fields = std::vector<const FieldGenerator*>;
 
 std::string AddSizes(const Fields& group) {
-  const auto two_byte_tags =
+  const auto two_byte_tags = static_cast<size_t>(
       std::count_if(group.begin(), group.end(),
-                    [](const auto* field) { return field->tag_size() == 2; });
+                    [](const auto* field) { return field->tag_size() == 2; }));
   const std::string kind = group.front()->size_kind();
-  return Substitute(
-      {{"kind", kind},
-       {"one_byte",
-        std::to_string(static_cast<long>(group.size()) - two_byte_tags)},
-       {"two_byte", std::to_string(two_byte_tags)},
-       {"internal", group.front()->internal_namespace()},
-       {"scalars", group.front()->scalars()},
-       {"first", group.front()->name()},
-       {"last", group.back()->name()}},
-      kind == "Bool" ? R"(
+  return Substitute({{"kind", kind},
+                     {"one_byte", std::to_string(group.size() - two_byte_tags)},
+                     {"two_byte", std::to_string(two_byte_tags)},
+                     {"internal", group.front()->internal_namespace()},
+                     {"scalars", group.front()->scalars()},
+                     {"first", group.front()->name()},
+                     {"last", group.back()->name()}},
+                    kind == "Bool" ? R"(
       // $first$ to $last$
       size += $internal$::BoolFieldsSize<$one_byte$, $two_byte$>(&$scalars$.$first$);
   )"
-                     : R"(
+                                   : R"(
       // $first$ to $last$
       sizes.Add<$internal$::$kind$Sizes, $one_byte$, $two_byte$>(&$scalars$.$first$);
   )");
@@ -131,8 +129,9 @@ std::string MessageGenerator::SerializeFields() const {
     if (floats.size() < kMinFloatRun) floats.clear();
     const size_t count = std::max<size_t>(floats.size(), 1);
     int size = 0;
-    for (size_t k = i; k < i + count; ++k)
+    for (size_t k = i; k < i + count; ++k) {
       size += fields_[k]->max_encoded_size();
+    }
     if (size == 0 || run_size + size > kMaxSpace) end_run();
     (size == 0 ? result : run) +=
         floats.empty() ? fields_[i]->Serialize() : WriteFloats(floats);
