@@ -41,7 +41,7 @@ void WriteRecord(const fs::path& folder, const std::string& name,
 }
 
 // Operation 2 of operations_fuzz: parses into a message.
-std::string ParseSample(const Type& type, int slot, int seed) {
+std::string ParseSample(const Type& type, int slot, size_t seed) {
   const std::string record = Sample(type, seed);
   return std::string{2, static_cast<char>(slot), 0} + TwoBytes(record.size()) +
          record;
