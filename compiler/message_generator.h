@@ -71,8 +71,10 @@ class MessageGenerator {
   std::string SerializeFields() const;
   // The fields of a message that has one run of small fields and no others.
   std::string SerializeOneRun(const std::string& run, int size) const;
-  // The floats with consecutive field numbers from the field at `begin` on.
+  // The floats with consecutive field numbers from the field at `begin` on, if
+  // there are enough to take them together, otherwise none.
   std::vector<const FieldGenerator*> FloatRun(size_t begin) const;
+  std::string ParseFields() const;
   std::string Parsing() const;
   std::string TypeInformation() const;
 

@@ -106,6 +106,7 @@ Fields MessageGenerator::FloatRun(size_t begin) const {
     if (field.size_kind() != "Float" || !is_next) break;
     run.push_back(&field);
   }
+  if (run.size() < kMinFloatRun) run.clear();
   return run;
 }
 
@@ -125,8 +126,7 @@ std::string MessageGenerator::SerializeFields() const {
     run_size = 0;
   };
   for (size_t i = 0; i < fields_.size();) {
-    Fields floats = FloatRun(i);
-    if (floats.size() < kMinFloatRun) floats.clear();
+    const Fields floats = FloatRun(i);
     const size_t count = std::max<size_t>(floats.size(), 1);
     int size = 0;
     for (size_t k = i; k < i + count; ++k) {

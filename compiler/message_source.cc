@@ -202,9 +202,39 @@ std::string MessageGenerator::CopyScalars() const {
   return result;
 }
 
+// Floats with consecutive numbers are read together if all of them are there.
+std::string MessageGenerator::ParseFields() const {
+  std::string result;
+  for (size_t i = 0; i < fields_.size();) {
+    const auto floats = FloatRun(i);
+    const size_t end = i + std::max<size_t>(floats.size(), 1);
+    std::string fields;
+    for (; i < end; ++i) fields += fields_[i]->Parse();
+    result +=
+        floats.empty()
+            ? fields
+            : Substitute(Combine(variables_,
+                                 {{"tag", floats.front()->raw_tag()},
+                                  {"tag_value", floats.front()->tag_value()},
+                                  {"count", std::to_string(floats.size())},
+                                  {"first", floats.front()->name()},
+                                  {"last", floats.back()->name()},
+                                  {"fields", fields}}),
+                         R"(
+      // $first$ to $last$
+      if ($internal$::IsNext(tag, $tag$) && $internal$::AreFloatsNext<$tag_value$, $count$>(p, end)) {
+        p = $internal$::ReadFloatFields<$tag_value$, $count$>(p, &self->$scalars$.$first$);
+        tag = $PeekTag$(p, end);
+      } else {
+        $fields$
+      }
+  )");
+  }
+  return result;
+}
+
 std::string MessageGenerator::Parsing() const {
-  return Substitute(
-      Combine(variables_, {{"fields", ForFields(&FieldGenerator::Parse)}}), R"(
+  return Substitute(Combine(variables_, {{"fields", ParseFields()}}), R"(
       const ::uint8_t* $Class$::_InternalParseFlat(::google::protobuf::MessageLite* message, const ::uint8_t* p, const ::uint8_t* end, $internal$::ParseState* state) {
         auto* const self = static_cast<$SafeClass$*>(message);
         $internal$::RawTag tag = $PeekTag$(p, end);

@@ -66,7 +66,7 @@ std::string FieldGenerator::ParseWhenTag(const std::string& read) const {
       Combine(variables_, {{"read", read},
                            {"loop", field_->is_repeated() ? "while" : "if"}}),
       R"(
-      $loop$ (tag == $tag$) {  // $name$
+      $loop$ ($internal$::IsNext(tag, $tag$)) {  // $name$
         p = $read$;
         if (p == nullptr) return nullptr;
         tag = $PeekTag$(p, end);

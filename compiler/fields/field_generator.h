@@ -25,6 +25,7 @@ class FieldGenerator {
 
   const google::protobuf::FieldDescriptor* descriptor() const { return field_; }
   const std::string& name() const { return variables_.at("name"); }
+  const std::string& raw_tag() const { return variables_.at("tag"); }
   const std::string& tag_value() const { return variables_.at("tag_value"); }
   // The member that holds all scalars of the class.
   const std::string& scalars() const { return variables_.at("scalars"); }

@@ -89,7 +89,7 @@ std::string RepeatedScalarFieldGenerator::Serialize() const {
 
 std::string RepeatedScalarFieldGenerator::Parse() const {
   return Substitute(Combine(variables(), {{"Read", ReadFunction()}}), R"(
-      while (tag == $tag$ || tag == $unpacked_tag$) {  // $name$
+      while ($internal$::IsNext(tag, $tag$) || tag == $unpacked_tag$) {  // $name$
         p = $Read$(p + $tag_size$, end, tag, $tag$, *state, &self->$name$_);
         if (p == nullptr) return nullptr;
         tag = $PeekTag$(p, end);

@@ -49,7 +49,7 @@ std::string ScalarFieldGenerator::Serialize() const {
 
 std::string ScalarFieldGenerator::Parse() const {
   return Substitute(variables(), R"(
-      if (tag == $tag$) {  // $name$
+      if ($internal$::IsNext(tag, $tag$)) {  // $name$
         p = $internal$::Read$Kind$(p + $tag_size$, end, &self->$scalars$.$name$);
         if (p == nullptr) return nullptr;
         tag = $PeekTag$(p, end);

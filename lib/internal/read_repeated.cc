@@ -3,12 +3,6 @@
 namespace vantiro {
 namespace internal {
 
-namespace {
-
-constexpr ptrdiff_t kFloatSize = sizeof(float);
-
-}  // namespace
-
 const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
                                 const ParseState& state,
                                 RepeatedField<float>* field) {

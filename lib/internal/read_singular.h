@@ -7,9 +7,11 @@
 
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "internal/message_access.h"
 #include "internal/parse_state.h"
+#include "internal/tag.h"
 #include "internal/varint.h"
 
 namespace vantiro {
@@ -18,12 +20,67 @@ namespace internal {
 static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__,
               "floats are copied byte by byte: little-endian targets only");
 
+constexpr ptrdiff_t kFloatSize = sizeof(float);
+
 // Reads a float: any four bytes, NaN and -0.0 included.
 inline const uint8_t* ReadFloat(const uint8_t* p, const uint8_t* end,
                                 float* field) {
-  if (__builtin_expect(end - p < 4, false)) return nullptr;
+  if (__builtin_expect(end - p < kFloatSize, false)) return nullptr;
   std::memcpy(field, p, sizeof(*field));
   return p + sizeof(*field);
+}
+
+// Whether `*p` is the tag `kTag`, and space for a float follows, which is
+// skipped too.
+template <uint32_t kTag>
+__attribute__((always_inline)) inline bool SkipTaggedFloat(const uint8_t** p) {
+  constexpr RawTag kRaw = ToRawTag(kTag);
+  const uint8_t* const tag = *p;
+  *p += TagSize(kTag) + kFloatSize;
+  if (TagSize(kTag) == 1) return tag[0] == kRaw;
+  uint16_t both;
+  std::memcpy(&both, tag, sizeof(both));
+  return both == kRaw;
+}
+
+template <uint32_t kFirstTag, uint32_t... kIndex>
+__attribute__((always_inline)) inline bool AreFloatsNext(
+    const uint8_t* p, const uint8_t* end,
+    std::integer_sequence<uint32_t, kIndex...> /*indices*/) {
+  constexpr ptrdiff_t kSize =
+      (TagSize(kFirstTag) + kFloatSize) +
+      ((TagSize(kFirstTag + 8 * (kIndex + 1)) + kFloatSize) + ...);
+  if (end - p < kSize) return false;
+  p += TagSize(kFirstTag) + kFloatSize;
+  return (SkipTaggedFloat<kFirstTag + 8 * (kIndex + 1)>(&p) && ...);
+}
+
+// Called at the tag `kFirstTag` of a float field: whether `kCount` float fields
+// with consecutive field numbers are there, beginning with this one.
+template <uint32_t kFirstTag, uint32_t kCount>
+__attribute__((always_inline)) inline bool AreFloatsNext(const uint8_t* p,
+                                                         const uint8_t* end) {
+  return AreFloatsNext<kFirstTag>(
+      p, end, std::make_integer_sequence<uint32_t, kCount - 1>());
+}
+
+template <uint32_t kFirstTag, uint32_t... kIndex>
+__attribute__((always_inline)) inline const uint8_t* ReadFloatFields(
+    const uint8_t* p, float* first,
+    std::integer_sequence<uint32_t, kIndex...> /*indices*/) {
+  ((p += TagSize(kFirstTag + 8 * kIndex),
+    std::memcpy(first + kIndex, p, sizeof(float)), p += kFloatSize),
+   ...);
+  return p;
+}
+
+// Reads them, if AreFloatsNext, into floats that are adjacent in memory. The
+// positions of all are constants. Returns the position after them.
+template <uint32_t kFirstTag, uint32_t kCount>
+__attribute__((always_inline)) inline const uint8_t* ReadFloatFields(
+    const uint8_t* p, float* first) {
+  return ReadFloatFields<kFirstTag>(
+      p, first, std::make_integer_sequence<uint32_t, kCount>());
 }
 
 // Reads a bytes field.

@@ -29,26 +29,35 @@ constexpr uint32_t FromRawTag(RawTag raw) {
 
 constexpr int RawTagSize(RawTag raw) { return raw < 0x80 ? 1 : 2; }
 
-// The raw tag at `p`. Gives 0 at the end of the input, for a byte 00, and for a
-// tag that is overlong or longer than two bytes. Reads nothing from `end` on.
+// Whether `bits`, which PeekTag gave, are a raw tag.
+constexpr bool IsRawTag(uint32_t bits) {
+  return bits - 1 < 0x7f || bits - 0x100 < 0x7f00;
+}
+
+// The raw tag at `p`. For other bytes (a byte 00, a tag that is overlong,
+// truncated, or longer than two bytes) and at the end of the input it gives
+// what is equal to no raw tag. Reads nothing from `end` on.
 __attribute__((always_inline)) inline RawTag PeekTag(const uint8_t* p,
                                                      const uint8_t* end) {
   if (__builtin_expect(p == end, false)) return 0;
   const uint32_t first = p[0];
   if (first < 0x80) return first;
-  if (end - p < 2) return 0;
-  const uint32_t second = p[1];
-  if (second - 1 >= 0x7f) return 0;
-  return first | second << 8;
+  if (__builtin_expect(p + 1 == end, false)) return first;
+  return first | uint32_t{p[1]} << 8;
 }
 
-// The same for messages all of whose tags take one byte: gives 0 for longer
-// tags.
+// The same for messages all of whose tags take one byte: of longer tags it
+// gives the first byte, which is equal to no raw tag.
 __attribute__((always_inline)) inline RawTag PeekOneByteTag(
     const uint8_t* p, const uint8_t* end) {
-  if (__builtin_expect(p == end, false)) return 0;
-  const uint32_t first = p[0];
-  return first < 0x80 ? first : 0;
+  return __builtin_expect(p == end, false) ? 0 : p[0];
+}
+
+// Whether `tag` is `next`, the tag of the field that a parser expects. Most
+// often it is. Told so, the compiler places the code of the fields one after
+// another in the order in which they come.
+__attribute__((always_inline)) inline bool IsNext(RawTag tag, RawTag next) {
+  return __builtin_expect_with_probability(tag == next, 1, 0.7) != 0;
 }
 
 }  // namespace internal

@@ -20,7 +20,7 @@ NextTag HandleUnexpectedTag(
     google::protobuf::internal::InternalMetadata* metadata, ParseState* state) {
   uint32_t tag = FromRawTag(raw);
   const uint8_t* value = p + RawTagSize(raw);
-  if (raw == 0) {
+  if (!IsRawTag(raw)) {
     const Varint varint = ReadVarint(p, end);
     tag = static_cast<uint32_t>(varint.value);
     if (varint.next == nullptr || tag == 0) return EndAtInvalidTag(p, state);

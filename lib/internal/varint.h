@@ -28,11 +28,15 @@ Varint ReadLongVarint(const uint8_t* p, const uint8_t* end);
 
 __attribute__((always_inline)) inline Varint ReadVarint(const uint8_t* p,
                                                         const uint8_t* end) {
-  if (__builtin_expect(end - p >= 2, true)) {
+  if (__builtin_expect(p < end, true)) {
     const uint64_t first = p[0];
-    if (first < 0x80) return {p + 1, first};
-    const uint64_t second = p[1];
-    if (second < 0x80) return {p + 2, (first & 0x7f) | second << 7};
+    if (__builtin_expect_with_probability(first < 0x80, 1, 0.6)) {
+      return {p + 1, first};
+    }
+    if (__builtin_expect(p + 1 < end, true)) {
+      const uint64_t second = p[1];
+      if (second < 0x80) return {p + 2, (first & 0x7f) | second << 7};
+    }
   }
   return ReadLongVarint(p, end);
 }
