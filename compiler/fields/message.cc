@@ -138,9 +138,14 @@ std::string MessageFieldGenerator::Serialize() const {
 }
 
 std::string MessageFieldGenerator::Parse() const {
+  const std::string message =
+      has_arenas_ && HasArenas(descriptor()->message_type()->file())
+          ? Internal("MutableMessage(self->GetArenaForAllocation(), &self->") +
+                name() + "_, &state->chunk)"
+          : "self->mutable_" + name() + "()";
   return ParseWhenTag(Internal("ReadMessage(p + ") +
-                      variables().at("tag_size") + ", end, self->mutable_" +
-                      name() + "(), state)");
+                      variables().at("tag_size") + ", end, " + message +
+                      ", state)");
 }
 
 }  // namespace compiler

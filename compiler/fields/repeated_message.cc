@@ -1,5 +1,6 @@
 #include "compiler/fields/repeated_message.h"
 
+#include "compiler/names.h"
 #include "compiler/type_name.h"
 
 namespace vantiro {
@@ -93,9 +94,14 @@ std::string RepeatedMessageFieldGenerator::Serialize() const {
 }
 
 std::string RepeatedMessageFieldGenerator::Parse() const {
+  const std::string message =
+      HasArenas(descriptor()->file()) &&
+              HasArenas(descriptor()->message_type()->file())
+          ? Internal("AddMessage(&self->") + name() + "_, &state->chunk)"
+          : "self->" + name() + "_.Add()";
   return ParseWhenTag(Internal("ReadMessage(p + ") +
-                      variables().at("tag_size") + ", end, self->" + name() +
-                      "_.Add(), state)");
+                      variables().at("tag_size") + ", end, " + message +
+                      ", state)");
 }
 
 std::string RepeatedMessageFieldGenerator::ArenaInitializer() const {

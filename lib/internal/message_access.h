@@ -7,6 +7,7 @@
 #include <google/protobuf/message_lite.h>
 
 #include <cstdint>
+#include <new>
 
 namespace vantiro {
 namespace internal {
@@ -57,6 +58,12 @@ class MessageAccess {
   template <typename T>
   static void Copy(const T& from, CopyTarget target, T* to) {
     to->CopyFields(from, target);
+  }
+
+  // A new message at `space`, which is on `arena`.
+  template <typename T>
+  static T* Construct(void* space, google::protobuf::Arena* arena) {
+    return new (space) T(arena);
   }
 
   // The arena that `message` was created for, null if it was for none.

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 
+#include "internal/arena_chunk.h"
 #include "internal/input_bounds.h"
 
 namespace vantiro {
@@ -29,6 +30,8 @@ struct ParseState {
   // the position of that tag.
   bool ended_at_invalid_tag = false;
   InputBounds bounds;
+  // Where messages on an arena are created.
+  ArenaChunk chunk;
 };
 
 // The parser of one class: reads fields from [p, end) into `message`, which is

@@ -61,6 +61,18 @@ TYPED_TEST(AllocationOf, ReadingIntoTheSameObjectAgainIsNone) {
   EXPECT_EQ(&message.children(0), element);
 }
 
+TEST_F(Allocation, ReadingIntoTheSameElementsAgainTakesNoSpaceOfAnArena) {
+  auto source = Filled<EveryKind>(1);
+  source.clear_child();
+  const std::string bytes = source.SerializeAsString();
+  Arena arena;
+  auto* const message = Arena::CreateMessage<EveryKind>(&arena);
+  EXPECT_TRUE(message->ParseFromString(bytes));
+  const uint64_t used = arena.SpaceUsed();
+  EXPECT_TRUE(message->ParseFromString(bytes));
+  EXPECT_EQ(arena.SpaceUsed(), used);
+}
+
 TYPED_TEST(AllocationOf, AChildIsFreedByClear) {
   TypeParam message;
   message.mutable_child()->set_text(LongString(1));
