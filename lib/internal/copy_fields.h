@@ -79,9 +79,8 @@ __attribute__((noinline, cold)) void Renew(Repeated* field) {
 // Out of line: emitted code copies repeated fields of a few types in many
 // places.
 template <typename T>
-__attribute__((noinline)) void CopyElements(const RepeatedField<T>& from,
-                                            CopyTarget target,
-                                            RepeatedField<T>* field) {
+__attribute__((flatten, noinline)) void CopyElements(
+    const RepeatedField<T>& from, CopyTarget target, RepeatedField<T>* field) {
   if (target == CopyTarget::kNew && field->Capacity() != 0 &&
       field->Capacity() != std::max<int64_t>(NextCapacity(0), from.size())) {
     Renew(field);

@@ -14,11 +14,11 @@ template <typename Kind, typename T>
 size_t SizeOfFoursAndRest(const T* elements, int count) {
   Four total = {};
   for (int i = 0; i + 4 <= count; i += 4) {
-    total = total + Kind::Sizes(LoadFour(elements + i));
+    total = total + ElementSizes<Kind>(LoadFour(elements + i));
   }
   // The last four, without those that have been counted.
   static constexpr uint32_t kIsLeft[] = {0, 0, 0, 0, ~0U, ~0U, ~0U};
-  total = total + (Kind::Sizes(LoadFour(elements + count - 4)) &
+  total = total + (ElementSizes<Kind>(LoadFour(elements + count - 4)) &
                    LoadFour(kIsLeft + count % 4));
   return Sum(total);
 }
@@ -28,7 +28,8 @@ size_t SizeOfFew(const T* elements, int count) {
   uint32_t four[4] = {};
   for (int i = 0; i < count; ++i) four[i] = static_cast<uint32_t>(elements[i]);
   // The missing ones are counted as zeros of one byte each.
-  return Sum(Kind::Sizes(LoadFour(four))) - static_cast<size_t>(4 - count);
+  return Sum(ElementSizes<Kind>(LoadFour(four))) -
+         static_cast<size_t>(4 - count);
 }
 
 template <typename Kind, typename T>

@@ -30,29 +30,49 @@ using google::protobuf::internal::WireFormatLite;
 static_assert(sizeof(google::protobuf::MessageLite) >= 12,
               "the base class is before the scalars");
 
-// The kinds of 32 bits: the size of a value without its tag, and which values
-// are not written.
+// The kinds of 32 bits: the sizes of values with their tags, which may be
+// anything for values that are zero; and which values are not written.
 struct UInt32Sizes {
-  static Four Sizes(Four values) { return VarintSizes(values); }
-  static Four IsSkipped(Four values) { return IsZero(values); }
+  __attribute__((always_inline)) static Four Sizes(Four values,
+                                                   Four tag_sizes) {
+    return VarintSizes(values, tag_sizes);
+  }
+  __attribute__((always_inline)) static Four IsSkipped(Four values) {
+    return IsZero(values);
+  }
 };
 // Also for enums. A negative value is sign-extended to 64 bits and takes ten
 // bytes.
 struct Int32Sizes : UInt32Sizes {
-  static Four Sizes(Four values) {
-    return VarintSizes(values) + (IsNegative(values) & Four{5, 5, 5, 5});
+  __attribute__((always_inline)) static Four Sizes(Four values,
+                                                   Four tag_sizes) {
+    return VarintSizes(values, tag_sizes) +
+           (IsNegative(values) & Four{5, 5, 5, 5});
   }
 };
 struct SInt32Sizes : UInt32Sizes {
-  static Four Sizes(Four values) {
-    return VarintSizes(values << 1 ^ IsNegative(values));
+  __attribute__((always_inline)) static Four Sizes(Four values,
+                                                   Four tag_sizes) {
+    return VarintSizes(values << 1 ^ IsNegative(values), tag_sizes);
   }
 };
 // A value that compares equal to 0.0 is skipped: also -0.0, but no NaN.
 struct FloatSizes {
-  static Four Sizes(Four /*values*/) { return Four{4, 4, 4, 4}; }
-  static Four IsSkipped(Four values) { return IsZero(values << 1); }
+  __attribute__((always_inline)) static Four Sizes(Four /*values*/,
+                                                   Four tag_sizes) {
+    return tag_sizes + Four{4, 4, 4, 4};
+  }
+  __attribute__((always_inline)) static Four IsSkipped(Four values) {
+    return IsZero(values << 1);
+  }
 };
+
+// The sizes of elements of a packed field, zeros included. To set the lowest
+// bit of another value does not change its size in any kind.
+template <typename Kind>
+__attribute__((always_inline)) inline Four ElementSizes(Four values) {
+  return Kind::Sizes(values | Four{1, 1, 1, 1}, Four{});
+}
 
 // Adds up the sizes of a message's fields with their tags.
 class FieldSizes {
@@ -98,7 +118,7 @@ class FieldSizes {
   template <typename Kind>
   __attribute__((always_inline)) void AddFour(const char* p, Four tag_sizes) {
     const Four values = LoadFour(p);
-    total_ = total_ + ((Kind::Sizes(values) + tag_sizes) &
+    total_ = total_ + (Kind::Sizes(values, tag_sizes) &
                        ~(Kind::IsSkipped(values) | IsZero(tag_sizes)));
   }
 
@@ -131,7 +151,7 @@ __attribute__((always_inline)) inline size_t BoolFieldsSize(const bool* first) {
 }
 
 // The size of a sub-message, a string or a packed run with its length.
-inline size_t WithLength(size_t size) {
+__attribute__((always_inline)) inline size_t WithLength(size_t size) {
   if (__builtin_expect_with_probability(size < 0x80, 1, 0.6)) return size + 1;
   if (size < 0x4000) return size + 2;
   return size + (size < 0x200000 ? 3 : size < 0x10000000 ? 4 : 5);
@@ -140,13 +160,14 @@ inline size_t WithLength(size_t size) {
 // The same with the tag.
 
 template <size_t kTagSize>
-size_t StringSize(const std::string& value) {
+__attribute__((always_inline)) inline size_t StringSize(
+    const std::string& value) {
   return kTagSize + WithLength(value.size());
 }
 
 // 0 for an absent message.
 template <size_t kTagSize, typename T>
-size_t MessageSize(const T* message) {
+__attribute__((always_inline)) inline size_t MessageSize(const T* message) {
   return message == nullptr ? 0
                             : kTagSize + WithLength(message->ByteSizeLong());
 }
@@ -160,8 +181,8 @@ size_t RepeatedMessageSize(const google::protobuf::RepeatedPtrField<T>& field) {
 
 // Stores the size of the payload for the writer.
 template <size_t kTagSize>
-size_t PackedSize(size_t payload_size,
-                  google::protobuf::internal::CachedSize* cached_size) {
+__attribute__((always_inline)) inline size_t PackedSize(
+    size_t payload_size, google::protobuf::internal::CachedSize* cached_size) {
   cached_size->Set(static_cast<int>(payload_size));
   return payload_size == 0 ? 0 : kTagSize + WithLength(payload_size);
 }

@@ -21,24 +21,30 @@ namespace internal {
 using Four = uint32_t __attribute__((vector_size(16)));
 using FourSigned = int32_t __attribute__((vector_size(16)));
 using FourFloats = float __attribute__((vector_size(16)));
+using EightHalves = uint16_t __attribute__((vector_size(16)));
 
-inline Four IsZero(Four values) { return reinterpret_cast<Four>(values == 0); }
+__attribute__((always_inline)) inline Four IsZero(Four values) {
+  return reinterpret_cast<Four>(values == 0);
+}
 
-inline Four IsNegative(Four values) {
+__attribute__((always_inline)) inline Four IsNegative(Four values) {
   return reinterpret_cast<Four>(reinterpret_cast<FourSigned>(values) < 0);
 }
 
-// The sizes of the values as varints.
+// The sizes of the values as varints plus `more`; for a zero any number.
 //
 // The exponent of a float is the number of its highest bit. The bit below the
 // highest one is cleared first, so that no conversion rounds up to the next
-// power of two. Then (9 * highest bit + 73) / 64, as the runtime counts.
-inline Four VarintSizes(Four values) {
-  const Four high_bits = (values & ~(values >> 1)) | 1;
+// power of two. Then (9 * highest bit + 73) / 64, as the runtime counts. The
+// exponent has eight bits, so the product is that of its lower half.
+__attribute__((always_inline)) inline Four VarintSizes(Four values, Four more) {
+  const Four high_bits = values & ~(values >> 1);
   const FourFloats floats = __builtin_convertvector(
       reinterpret_cast<FourSigned>(high_bits), FourFloats);
   const Four exponents = reinterpret_cast<Four>(floats) << 1 >> 24;
-  return ((exponents << 3) + exponents - (9 * 127 - 73)) >> 6;
+  const Four products =
+      reinterpret_cast<Four>(reinterpret_cast<EightHalves>(exponents) * 9);
+  return (products + ((more << 6) - (9 * 127 - 73))) >> 6;
 }
 
 #else
@@ -85,17 +91,18 @@ inline Four IsNegative(Four values) {
                  [](uint32_t x, uint32_t) { return x >> 31 != 0 ? ~0U : 0U; });
 }
 
-inline Four VarintSizes(Four values) {
-  return ForEach(values, values, [](uint32_t x, uint32_t) {
-    uint32_t size = 1;
-    while ((x >>= 7) != 0) ++size;
+inline Four VarintSizes(Four values, Four more) {
+  return ForEach(values, more, [](uint32_t x, uint32_t size) {
+    do {
+      ++size;
+    } while ((x >>= 7) != 0);
     return size;
   });
 }
 
 #endif
 
-inline Four LoadFour(const void* p) {
+__attribute__((always_inline)) inline Four LoadFour(const void* p) {
   Four four;
   std::memcpy(&four, p, sizeof(four));
   return four;

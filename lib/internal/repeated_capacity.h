@@ -26,9 +26,11 @@ inline int64_t NextCapacity(int64_t capacity) {
 
 // Gives `field` the capacity `capacity`, which has to suffice for its elements.
 // RepeatedField::Reserve gives no more than it is asked for only to a field
-// without capacity.
+// without capacity. The runtime's functions are inlined here: otherwise each is
+// a call through the PLT.
 template <typename T>
-void SetCapacity(int64_t capacity, RepeatedField<T>* field) {
+__attribute__((flatten, noinline)) void SetCapacity(int64_t capacity,
+                                                    RepeatedField<T>* field) {
   const auto count = static_cast<int>(
       std::min<int64_t>(capacity, std::numeric_limits<int>::max()));
   if (field->Capacity() == 0) {

@@ -51,31 +51,38 @@ inline const uint8_t* ReadEnum(const uint8_t* p, const uint8_t* end,
 // is zero. They return the position after it.
 
 template <uint32_t kTag>
-inline uint8_t* WriteUInt32Field(uint8_t* p, uint32_t value) {
+__attribute__((always_inline)) inline uint8_t* WriteUInt32Field(
+    uint8_t* p, uint32_t value) {
   return WriteVarintField<kTag>(p, UInt32::ToVarint(value));
 }
 template <uint32_t kTag>
-inline uint8_t* WriteInt32Field(uint8_t* p, int32_t value) {
+__attribute__((always_inline)) inline uint8_t* WriteInt32Field(uint8_t* p,
+                                                               int32_t value) {
   return WriteVarintField<kTag>(p, Int32::ToVarint(value));
 }
 template <uint32_t kTag>
-inline uint8_t* WriteSInt32Field(uint8_t* p, int32_t value) {
+__attribute__((always_inline)) inline uint8_t* WriteSInt32Field(uint8_t* p,
+                                                                int32_t value) {
   return WriteVarintField<kTag>(p, SInt32::ToVarint(value));
 }
 template <uint32_t kTag>
-inline uint8_t* WriteUInt64Field(uint8_t* p, uint64_t value) {
+__attribute__((always_inline)) inline uint8_t* WriteUInt64Field(
+    uint8_t* p, uint64_t value) {
   return WriteVarintField<kTag>(p, UInt64::ToVarint(value));
 }
 template <uint32_t kTag>
-inline uint8_t* WriteInt64Field(uint8_t* p, int64_t value) {
+__attribute__((always_inline)) inline uint8_t* WriteInt64Field(uint8_t* p,
+                                                               int64_t value) {
   return WriteVarintField<kTag>(p, Int64::ToVarint(value));
 }
 template <uint32_t kTag>
-inline uint8_t* WriteSInt64Field(uint8_t* p, int64_t value) {
+__attribute__((always_inline)) inline uint8_t* WriteSInt64Field(uint8_t* p,
+                                                                int64_t value) {
   return WriteVarintField<kTag>(p, SInt64::ToVarint(value));
 }
 template <uint32_t kTag>
-inline uint8_t* WriteEnumField(uint8_t* p, int value) {
+__attribute__((always_inline)) inline uint8_t* WriteEnumField(uint8_t* p,
+                                                              int value) {
   return WriteVarintField<kTag>(p, Enum::ToVarint(value));
 }
 

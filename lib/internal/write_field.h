@@ -113,7 +113,7 @@ inline const std::string& UnknownFields(
       google::protobuf::internal::GetEmptyString);
 }
 
-inline size_t UnknownFieldsSize(
+__attribute__((always_inline)) inline size_t UnknownFieldsSize(
     const google::protobuf::internal::InternalMetadata& metadata) {
   return __builtin_expect(metadata.have_unknown_fields(), false)
              ? UnknownFields(metadata).size()

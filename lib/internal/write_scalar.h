@@ -22,7 +22,8 @@ __attribute__((always_inline)) inline uint8_t* WriteVarintField(uint8_t* p,
 }
 
 template <uint32_t kTag>
-inline uint8_t* WriteBoolField(uint8_t* p, bool value) {
+__attribute__((always_inline)) inline uint8_t* WriteBoolField(uint8_t* p,
+                                                              bool value) {
   if (!value) return p;
   p = WriteTag<kTag>(p);
   p[0] = 1;
@@ -39,7 +40,8 @@ inline bool IsNonZero(float value) {
 }
 
 template <uint32_t kTag>
-inline uint8_t* WriteFloatField(uint8_t* p, float value) {
+__attribute__((always_inline)) inline uint8_t* WriteFloatField(uint8_t* p,
+                                                               float value) {
   if (!IsNonZero(value)) return p;
   p = WriteTag<kTag>(p);
   Store(p, value);

@@ -22,7 +22,7 @@ bool AllHaveSize(uint64_t begin, uint64_t end, uint32_t size) {
   for (uint64_t i = begin; i < end; i += 4) {
     const auto value = static_cast<uint32_t>(i);
     const Four values = {value, value + 1, value + 2, value + 3};
-    differences = differences | (Kind::Sizes(values) ^ expected);
+    differences = differences | (ElementSizes<Kind>(values) ^ expected);
   }
   return !HasAnyBit(differences);
 }
@@ -42,8 +42,8 @@ TEST(EncodedSize, OfSignedValuesIsTheRuntimes) {
   for (int bit = 0; bit < 32; ++bit) {
     const uint32_t edge = uint32_t{1} << bit;
     const Four values = {edge - 1, edge, ~edge, ~edge + 1};
-    const Four sizes = Int32Sizes::Sizes(values);
-    const Four zigzag_sizes = SInt32Sizes::Sizes(values);
+    const Four sizes = ElementSizes<Int32Sizes>(values);
+    const Four zigzag_sizes = ElementSizes<SInt32Sizes>(values);
     for (int i = 0; i < 4; ++i) {
       const auto value = static_cast<int32_t>(values[i]);
       EXPECT_EQ(sizes[i], WireFormatLite::Int32Size(value)) << value;
