@@ -6,6 +6,7 @@
 
 #include "compiler/doc_comment.h"
 #include "compiler/names.h"
+#include "compiler/statement_breaker.h"
 #include "compiler/template.h"
 
 namespace vantiro {
@@ -36,18 +37,24 @@ bool NumberIsLess(const EnumValueDescriptor* a, const EnumValueDescriptor* b) {
   return a->number() < b->number();
 }
 
-// The elements of a table, each on a line with the name of the value that it is
-// for.
+// The elements of a table, each with the name of the value that it is for: on
+// the same line, or above where these lines would be too long.
 std::string AddNames(const std::vector<std::string>& elements,
                      const ValueList& values) {
+  constexpr size_t kIndentation = 6;
   size_t width = 0;
-  for (const std::string& element : elements) {
-    width = std::max(width, element.size());
+  size_t name_size = 0;
+  for (size_t i = 0; i < elements.size(); ++i) {
+    width = std::max(width, elements[i].size());
+    name_size = std::max(name_size, values[i]->name().size());
   }
+  const bool is_long = kIndentation + width + 5 + name_size > kColumnLimit;
   std::string result;
   for (size_t i = 0; i < elements.size(); ++i) {
-    result += elements[i] + std::string(width - elements[i].size(), ' ') +
-              "  // " + values[i]->name() + "\n";
+    const std::string comment = "// " + values[i]->name() + "\n";
+    const std::string space(width - elements[i].size() + 2, ' ');
+    result +=
+        is_long ? comment + elements[i] + "\n" : elements[i] + space + comment;
   }
   return result;
 }
@@ -74,19 +81,22 @@ bool EnumGenerator::IsDenseFromZero() const {
 
 std::string EnumGenerator::ValidityTest() const {
   if (IsDenseFromZero()) {
-    return "return static_cast<unsigned int>(value) < " +
-           std::to_string(by_number_.size()) + ";\n";
+    return Substitute(variables_, R"(
+      bool $Enum$_IsValid(int value) { return static_cast<unsigned int>(value) < $count$; }
+    )");
   }
   std::string cases;
   for (const EnumValueDescriptor* value : by_number_) {
     cases += "case " + std::to_string(value->number()) + ":\n";
   }
-  return Substitute({{"cases", cases}}, R"(
-      switch (value) {
-        $cases$
-          return true;
-        default:
-          return false;
+  return Substitute(Combine(variables_, {{"cases", cases}}), R"(
+      bool $Enum$_IsValid(int value) {
+        switch (value) {
+          $cases$
+            return true;
+          default:
+            return false;
+        }
       }
   )");
 }
@@ -198,9 +208,7 @@ std::string EnumGenerator::Definition() const {
         return tables;
       }
 
-      bool $Enum$_IsValid(int value) {
-        $validity_test$
-      }
+      $validity_test$
 
       const ::std::string& $Enum$_Name($Enum$ value) {
         static const bool has_names = $internal$::BuildEnumNames($Enum$_tables());

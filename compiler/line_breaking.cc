@@ -26,6 +26,15 @@ bool Fits(int indentation, const std::string& text) {
   return indentation + static_cast<int>(text.size()) <= kColumnLimit;
 }
 
+// Gives the end of an empty body a line of its own if it does not fit on the
+// last of `lines`.
+std::string BreakEmptyBody(int indentation, const std::string& lines) {
+  const size_t last_line = lines.rfind('\n', lines.size() - 2) + 1;
+  const bool fits = Fits(-1, lines.substr(last_line));
+  if (fits || !EndsWith(lines, "{}\n")) return lines;
+  return lines.substr(0, lines.size() - 2) + "\n" + Line(indentation, "}");
+}
+
 std::string BreakIfLong(int indentation, const std::string& text) {
   return Fits(indentation, text) ? Line(indentation, text)
                                  : BreakStatement(indentation, text);
@@ -45,8 +54,9 @@ std::vector<std::string> Split(const std::string& text) {
 // All initialisers are on one line, or each on its own.
 std::string BreakConstructor(int indentation, const std::string& head,
                              const std::string& initializers) {
+  const int start = indentation;
   indentation += kContinuationIndent;
-  std::string result = BreakIfLong(indentation - kContinuationIndent, head);
+  std::string result = BreakIfLong(start, head);
   if (Fits(indentation, ": " + initializers)) {
     return result + Line(indentation, ": " + initializers);
   }
@@ -56,22 +66,7 @@ std::string BreakConstructor(int indentation, const std::string& head,
     result += i == 0 ? BreakIfLong(indentation, ": " + parts[i] + end)
                      : BreakIfLong(indentation + kIndent, parts[i] + end);
   }
-  return result;
-}
-
-// Breaks `return "a.b";` after a sign that is no letter or digit.
-std::string BreakLiteral(int indentation, const std::string& text) {
-  const std::string start = "return ";
-  // The quote is the last column.
-  const auto limit = static_cast<size_t>(kColumnLimit - indentation - 1);
-  size_t end = limit;
-  while (end > start.size() &&
-         std::isalnum(static_cast<unsigned char>(text[end - 1])) != 0) {
-    --end;
-  }
-  return Line(indentation, text.substr(0, end) + "\"") +
-         Line(indentation + static_cast<int>(start.size()),
-              "\"" + text.substr(end));
+  return BreakEmptyBody(start, result);
 }
 
 std::string BreakFunction(int indentation, const std::string& head,
@@ -92,14 +87,12 @@ std::string BreakCode(int indentation, const std::string& text) {
                             text.substr(end + 3));
   }
   const size_t end = text.rfind('{') + 1;
-  if (end > 0 && Fits(indentation, text.substr(0, end))) {
+  if (end > 0 && !EndsWith(text, "= {};") &&
+      Fits(indentation, text.substr(0, end))) {
     return Line(indentation, text.substr(0, end)) +
            Line(indentation, text.substr(end));
   }
-  if (text.compare(0, 8, "return \"") == 0) {
-    return BreakLiteral(indentation, text);
-  }
-  return BreakStatement(indentation, text);
+  return BreakEmptyBody(indentation, BreakStatement(indentation, text));
 }
 
 std::string BreakFunction(int indentation, const std::string& head,

@@ -7,6 +7,8 @@
 #include <tuple>
 #include <vector>
 
+#include "compiler/statement.h"
+
 namespace vantiro {
 namespace compiler {
 namespace {
@@ -15,6 +17,7 @@ namespace {
 // place (BreakPenalty); each level of nesting adds kNestingPenalty, and the
 // first break of a level kFirstBreakPenalty.
 constexpr int kExcessPenalty = 1000000;
+constexpr int kStringPenalty = 1000;
 constexpr int kNestingPenalty = 20;
 constexpr int kFirstBreakPenalty = 15;
 constexpr int kParenthesisNesting = 1;
@@ -23,56 +26,32 @@ constexpr int kAngleNesting = 1;
 // clang-format leaves no shorter return type on a line of its own.
 constexpr int kMinReturnTypeColumn = 6;
 
-struct Token {
-  std::string text;
-  bool follows_space;
-};
-
-bool IsNameCharacter(char c) {
-  return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
-}
-
-size_t EndOfToken(const std::string& text, size_t begin) {
-  if (text[begin] == '"') return text.find('"', begin + 1) + 1;
-  for (const char* sign : {"::", "->", "&&", "+=", "!=", "==", "/*", "*/"}) {
-    if (text.compare(begin, 2, sign) == 0) return begin + 2;
-  }
-  size_t end = begin + 1;
-  if (!IsNameCharacter(text[begin])) return end;
-  while (end < text.size() && IsNameCharacter(text[end])) ++end;
-  const bool is_operator = text.compare(begin, end - begin, "operator") == 0;
-  return is_operator ? text.find('(', end) : end;
-}
-
-std::vector<Token> Tokenize(const std::string& text) {
-  std::vector<Token> tokens;
-  bool follows_space = false;
-  for (size_t begin = 0; begin < text.size();) {
-    if (text[begin] == ' ') {
-      follows_space = true;
-      ++begin;
-      continue;
-    }
-    const size_t end = EndOfToken(text, begin);
-    tokens.push_back({text.substr(begin, end - begin), follows_space});
-    follows_space = false;
-    begin = end;
-  }
-  return tokens;
-}
+using Strings = std::vector<std::string>;
 
 // The parentheses or angle brackets around a token; the outermost level is the
 // statement itself.
 struct Level {
   // The column of lines that start at this level.
   int indent;
-  // Where the last line or argument starts, from which the lines of a level
-  // inside are indented.
+  // Where the last line, argument or operand starts, from which the lines of a
+  // level inside are indented.
   int last_start;
+  // Where an expression of operands starts.
+  int expression_start;
+  // Where the operand after a unary operator starts, or -1.
+  int unary_operand_start;
+  // Where the lines of a chain of member accesses start, or -1.
+  int chain_start;
+  // Whether a chain may be broken: in a call the first argument has to start a
+  // line.
+  bool may_break_chain;
+  bool argument_starts_line;
   int nesting;
   bool is_broken;
   bool is_broken_at_comma;
   bool is_argument_broken;
+  bool is_operation_broken;
+  bool is_in_middle = false;
 };
 
 // The statement up to a token.
@@ -88,139 +67,50 @@ struct State {
 class StatementBreaker {
  public:
   StatementBreaker(int indentation, const std::string& statement)
-      : indentation_(indentation),
-        tokens_(Tokenize(statement)),
-        name_(FindDeclaredName()),
-        is_function_(name_ > 0 && DeclaresFunction()) {}
+      : indentation_(indentation), statement_(statement) {}
 
   std::string Break() {
     State start;
     start.column = indentation_;
-    start.levels.push_back(
-        {indentation_, indentation_, 1, false, false, false});
+    start.levels.push_back({indentation_, indentation_, indentation_, -1, -1,
+                            true, true, 1, false, false, false, false});
     Search(0, start);
     std::string result(static_cast<size_t>(indentation_), ' ');
-    for (size_t i = 0; i < tokens_.size(); ++i) {
+    for (size_t i = 0; i < statement_.size(); ++i) {
       if (best_columns_[i] >= 0) {
         result += '\n';
         result.append(static_cast<size_t>(best_columns_[i]), ' ');
-      } else if (tokens_[i].follows_space) {
+      } else if (statement_.FollowsSpace(i)) {
         result += ' ';
       }
-      result += tokens_[i].text;
+      const size_t start_of_line = result.rfind('\n') + 1;
+      const size_t column = result.size() - start_of_line;
+      const Strings pieces = PiecesOf(i, static_cast<int>(column));
+      for (const std::string& piece : pieces) {
+        if (&piece != &pieces.front()) {
+          result += '\n' + std::string(column, ' ');
+        }
+        result += piece;
+      }
     }
     return result + '\n';
   }
 
  private:
-  const std::string& Text(size_t i) const {
-    static const std::string none;
-    return i < tokens_.size() ? tokens_[i].text : none;
-  }
-
-  bool IsName(size_t i) const {
-    return !Text(i).empty() && IsNameCharacter(Text(i)[0]);
-  }
-
-  // The operator, not the sign of an rvalue reference.
-  bool IsAnd(size_t i) const {
-    return Text(i) == "&&" && tokens_[i].follows_space;
-  }
-  bool OpensAngle(size_t i) const {
-    return Text(i) == "<" && !tokens_[i].follows_space;
-  }
-  bool Opens(size_t i) const { return Text(i) == "(" || OpensAngle(i); }
-  bool Closes(size_t i) const { return Text(i) == ")" || Text(i) == ">"; }
-
-  size_t Closing(size_t open) const {
-    int depth = 0;
-    for (size_t i = open; i < tokens_.size(); ++i) {
-      if (Opens(i)) ++depth;
-      if (Closes(i) && --depth == 0) return i;
-    }
-    return tokens_.size();
-  }
-
-  // The position of the declared name, with its scopes, after its type; 0 if
-  // nothing is declared.
-  size_t FindDeclaredName() const {
-    for (const char* word : {"return", "class", "struct", "using"}) {
-      if (Text(0) == word) return 0;
-    }
-    for (size_t i = 1; i < tokens_.size(); ++i) {
-      if (OpensAngle(i)) i = Closing(i);
-      const std::string& text = Text(i);
-      if (text != "(" && text != "=" && text != "[" && text != ";") continue;
-      size_t name = i - 1;
-      while (name >= 2 && Text(name - 1) == "::" && IsName(name - 2) &&
-             !tokens_[name - 1].follows_space) {
-        name -= 2;
-      }
-      const bool has_type = name > 0 && tokens_[name].follows_space &&
-                            Text(name - 1) != "explicit";
-      return has_type ? name : 0;
-    }
-    return 0;
-  }
-
-  // Whether the declared name is that of a function. The parentheses after that
-  // of a variable begin with an expression, not with a parameter.
-  bool DeclaresFunction() const {
-    size_t i = name_;
-    while (i < tokens_.size() && Text(i) != "(" && Text(i) != "=") ++i;
-    const bool is_expression =
-        IsName(i + 1) && (Text(i + 2) == "," || Text(i + 2) == ")");
-    return Text(i) == "(" && !is_expression;
-  }
-
-  // The penalty of a break before token `i`, 0 if there can be none.
-  int BreakPenalty(size_t i) const {
-    const std::string& before = Text(i - 1);
-    const std::string& text = Text(i);
-    if (Closes(i)) return 0;
-    if (before == "(") {
-      return is_function_ ? 100 : CountArguments(i) > 1 ? 1 : 19;
-    }
-    if (OpensAngle(i - 1)) return 100;
-    if (before == ",") return 1;
-    if (before == "=" || before == "+=") return text == "{" ? 0 : 2;
-    if (IsAnd(i - 1)) return 5;
-    if (text == ":") return 1;
-    if (i == name_) return 200;
-    if (before == "class") return 600;
-    if (before == "::") return i > 1 && IsName(i - 2) ? 500 : 0;
-    if (before == ")" && text == "const") return 150;
-    if (IsParameterName(i)) return 200;
-    return 0;
-  }
-
-  // Whether a name follows the "*", "&" or "&&" of its type.
-  bool IsParameterName(size_t i) const {
-    const std::string& before = Text(i - 1);
-    return (before == "*" || before == "&" || before == "&&") && IsName(i) &&
-           tokens_[i].follows_space && !tokens_[i - 1].follows_space;
-  }
-
-  int CountArguments(size_t begin) const {
-    int count = 1;
-    for (size_t i = begin; i < tokens_.size() && Text(i) != ")"; ++i) {
-      if (Text(i) == ",") ++count;
-      if (Text(i) == "(") i = Closing(i);
-    }
-    return count;
-  }
-
   void Search(size_t i, const State& state) {
     if (state.penalty >= best_penalty_ || !IsCheapest(i, state)) return;
-    if (i == tokens_.size()) {
+    if (i == statement_.size()) {
       best_penalty_ = state.penalty;
       best_columns_ = state.columns;
       return;
     }
     if (!MustStartLine(i, state)) Search(i + 1, Append(i, state, false));
     const bool is_return_type_short =
-        i == name_ && is_function_ && state.column < kMinReturnTypeColumn;
-    if (i > 0 && BreakPenalty(i) > 0 && !is_return_type_short) {
+        statement_.IsFunctionName(i) && state.column < kMinReturnTypeColumn;
+    const bool is_fixed =
+        statement_.IsMemberAccess(i) && !MayBreakChain(i, state.levels.back());
+    if (i > 0 && statement_.BreakPenalty(i) > 0 && !IsInMiddleOfLine(state) &&
+        !is_return_type_short && !is_fixed) {
       Search(i + 1, Append(i, state, true));
     }
   }
@@ -229,18 +119,35 @@ class StatementBreaker {
   // line if they have several.
   bool MustStartLine(size_t i, const State& state) const {
     if (i == 0) return false;
-    return (i == name_ && state.is_type_broken) ||
-           (Text(i - 1) == "," && state.levels.back().is_argument_broken);
+    return (statement_.IsDeclaredName(i) && state.is_type_broken) ||
+           ((statement_.Text(i - 1) == "," || statement_.IsAnd(i - 1)) &&
+            state.levels.back().is_argument_broken) ||
+           (statement_.IsMemberAccess(i) && statement_.Text(i - 1) == ")" &&
+            state.levels.back().chain_start >= 0);
+  }
+
+  // An argument is broken if the first one starts a line, and if it starts a
+  // line itself or is the last one.
+  bool MayBreakChain(size_t i, const Level& level) const {
+    return level.may_break_chain &&
+           (level.argument_starts_line ||
+            statement_.Text(statement_.EndOfMember(i)) != ",");
   }
 
   // Whether no other way to this state had as low a penalty.
   bool IsCheapest(size_t i, const State& state) {
     std::vector<int> key = {static_cast<int>(i), state.column};
     for (const Level& level : state.levels) {
-      key.insert(key.end(), {level.indent, level.last_start,
-                             static_cast<int>(level.is_broken),
-                             static_cast<int>(level.is_broken_at_comma),
-                             static_cast<int>(level.is_argument_broken)});
+      key.insert(key.end(),
+                 {level.indent, level.last_start, level.expression_start,
+                  level.unary_operand_start, level.chain_start,
+                  static_cast<int>(level.may_break_chain),
+                  static_cast<int>(level.argument_starts_line),
+                  static_cast<int>(level.is_operation_broken),
+                  static_cast<int>(level.is_in_middle),
+                  static_cast<int>(level.is_broken),
+                  static_cast<int>(level.is_broken_at_comma),
+                  static_cast<int>(level.is_argument_broken)});
     }
     const auto [known, is_new] = penalties_.emplace(key, state.penalty);
     if (!is_new && known->second <= state.penalty) return false;
@@ -248,74 +155,156 @@ class StatementBreaker {
     return true;
   }
 
+  // Whether the break would be in a call that is an argument, but neither the
+  // last one nor the first of its line.
+  bool IsInMiddleOfLine(const State& state) const {
+    return std::any_of(state.levels.begin(), state.levels.end(),
+                       [](const Level& level) { return level.is_in_middle; });
+  }
+
+  // Token `i` in the pieces that fit at `column`. Only a string literal can
+  // have several; each ends after a character that is no letter or digit.
+  Strings PiecesOf(size_t i, int column) const {
+    std::string rest = statement_.Text(i);
+    Strings pieces;
+    // What cannot be parted from the literal.
+    int tail = 0;
+    for (size_t k = i + 1;
+         k < statement_.size() && statement_.Text(k - 1) != ","; ++k) {
+      tail += static_cast<int>(statement_.Text(k).size());
+    }
+    const int size = kColumnLimit - column;
+    while (rest[0] == '"' && static_cast<int>(rest.size()) + tail > size) {
+      const int limit = std::min(size - 1, static_cast<int>(rest.size()) - 2);
+      if (limit <= 1) break;
+      int end = limit;
+      while (end > 1 && std::isalnum(static_cast<unsigned char>(
+                            rest[static_cast<size_t>(end - 1)])) != 0) {
+        --end;
+      }
+      if (end <= 1) end = limit;
+      pieces.push_back(rest.substr(0, static_cast<size_t>(end)) + '"');
+      rest = '"' + rest.substr(static_cast<size_t>(end));
+    }
+    pieces.push_back(rest);
+    return pieces;
+  }
+
   // `state` after token `i`, which starts a line or continues one.
   State Append(size_t i, State state, bool starts_line) const {
-    if (Closes(i) && state.levels.size() > 1) state.levels.pop_back();
+    if (statement_.Closes(i) && state.levels.size() > 1)
+      state.levels.pop_back();
     if (starts_line) {
       StartLine(i, &state);
     } else {
       ContinueLine(i, &state);
     }
     const int excess_before = std::max(state.column - kColumnLimit, 0);
-    state.column += static_cast<int>(Text(i).size());
+    const Strings pieces = PiecesOf(i, state.column);
+    state.penalty += kStringPenalty * static_cast<int>(pieces.size() - 1);
+    if (pieces.size() > 1) state.levels.back().is_argument_broken = true;
+    state.column += static_cast<int>(pieces.back().size());
     const int excess = std::max(state.column - kColumnLimit, 0);
     state.penalty += kExcessPenalty * (excess - excess_before);
-    if (Opens(i)) {
+    if (statement_.Opens(i)) {
+      const bool is_in_middle =
+          !state.levels.back().argument_starts_line &&
+          statement_.Text(statement_.EndOfMember(i - 2)) == ",";
       const Level& outer = state.levels.back();
       const int nesting =
-          outer.nesting + (OpensAngle(i) ? kAngleNesting : kParenthesisNesting);
-      state.levels.push_back(
-          {state.column, outer.last_start, nesting, false, false, false});
+          outer.nesting +
+          (statement_.OpensAngle(i) ? kAngleNesting : kParenthesisNesting);
+      state.levels.push_back({state.column, outer.last_start, state.column, -1,
+                              -1, i > 0 && statement_.Text(i - 1) == "if", true,
+                              nesting, false, false, false, false});
+      state.levels.back().is_in_middle = is_in_middle;
     }
     return state;
   }
 
   void StartLine(size_t i, State* state) const {
     Level& level = state->levels.back();
-    const bool is_after_comma = Text(i - 1) == ",";
-    bool& is_broken =
-        is_after_comma ? level.is_broken_at_comma : level.is_broken;
-    state->penalty += BreakPenalty(i) + kNestingPenalty * level.nesting +
+    const bool is_after_comma = statement_.Text(i - 1) == ",";
+    bool& is_broken = is_after_comma               ? level.is_broken_at_comma
+                      : statement_.IsBinary(i - 1) ? level.is_operation_broken
+                                                   : level.is_broken;
+    state->penalty += statement_.BreakPenalty(i) +
+                      kNestingPenalty * level.nesting +
                       (is_broken ? 0 : kFirstBreakPenalty);
     is_broken = true;
-    if (Opens(i - 1)) {
+    if (statement_.Opens(i - 1)) {
       const Level& outer = state->levels[state->levels.size() - 2];
       level.indent = outer.last_start + kContinuationIndent;
+      level.may_break_chain = true;
     }
-    if (OpensAngle(i - 1)) state->is_type_broken = true;
+    if (is_after_comma) level.argument_starts_line = true;
+    if (statement_.OpensAngle(i - 1)) state->is_type_broken = true;
     for (Level& outer : state->levels) {
       const bool is_innermost = &outer == &level;
-      if (!is_innermost || !(is_after_comma || Opens(i - 1))) {
+      if (!is_innermost || !(is_after_comma || statement_.Opens(i - 1))) {
         outer.is_argument_broken = true;
       }
     }
     state->column = ColumnOfLine(i, level);
+    if (statement_.IsMemberAccess(i)) {
+      level.chain_start = state->column;
+    } else {
+      level.unary_operand_start = -1;
+    }
+    if (statement_.StartsExpression(i)) StartExpression(*state, &level);
     level.last_start = state->column;
     state->columns.push_back(state->column);
   }
 
   int ColumnOfLine(size_t i, const Level& level) const {
-    const std::string& before = Text(i - 1);
-    if (Opens(i - 1) || before == "," || IsAnd(i - 1)) return level.indent;
+    const std::string& before = statement_.Text(i - 1);
+    if (statement_.Opens(i - 1) || before == "," || statement_.IsAnd(i - 1))
+      return level.indent;
+    if (statement_.IsBinary(i - 1)) {
+      const bool is_operand_of_and = before != "+" && statement_.HasAnd();
+      return level.expression_start +
+             (is_operand_of_and ? kContinuationIndent : 0);
+    }
+    if (statement_.IsMemberAccess(i)) {
+      if (level.chain_start >= 0) return level.chain_start;
+      return (level.unary_operand_start >= 0 ? level.unary_operand_start
+                                             : level.last_start) +
+             kContinuationIndent;
+    }
+    if (before == "=" && level.chain_start >= 0) {
+      return indentation_ + kContinuationIndent;
+    }
     const int start = std::max(level.last_start, level.indent);
-    return i == name_ && is_function_ ? start : start + kContinuationIndent;
+    return statement_.IsFunctionName(i) ? start : start + kContinuationIndent;
+  }
+
+  static void StartExpression(const State& state, Level* level) {
+    level->expression_start = state.column;
+    level->unary_operand_start = -1;
+    level->chain_start = -1;
   }
 
   void ContinueLine(size_t i, State* state) const {
-    if (tokens_[i].follows_space) ++state->column;
+    if (statement_.FollowsSpace(i)) ++state->column;
     state->columns.push_back(-1);
     if (i == 0) return;
     Level& level = state->levels.back();
-    const std::string& before = Text(i - 1);
-    const bool is_first = Opens(i - 1) && !Closes(i);
+    const std::string& before = statement_.Text(i - 1);
+    const bool is_first = statement_.Opens(i - 1) && !statement_.Closes(i);
     if (is_first || before == "return") level.indent = state->column;
-    if (before == "," || IsAnd(i - 1)) level.last_start = state->column;
+    if (statement_.StartsExpression(i)) StartExpression(*state, &level);
+    if (before == ",") level.argument_starts_line = false;
+    if (statement_.IsUnary(i - 1)) level.unary_operand_start = state->column;
+    const bool is_first_of_condition =
+        is_first && i >= 2 && statement_.Text(i - 2) == "if";
+    if (before == "," || statement_.IsAnd(i - 1) ||
+        statement_.IsBinary(i - 1) || is_first_of_condition) {
+      level.last_start = state->column;
+    }
   }
 
   const int indentation_;
-  const std::vector<Token> tokens_;
-  const size_t name_;
-  const bool is_function_;
+  const Statement statement_;
   int best_penalty_ = INT_MAX;
   std::vector<int> best_columns_;
   std::map<std::vector<int>, int> penalties_;

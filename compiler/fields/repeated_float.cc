@@ -4,7 +4,7 @@ namespace vantiro {
 namespace compiler {
 
 std::string RepeatedFloatFieldGenerator::PayloadSize() const {
-  return "sizeof(float) * static_cast<::size_t>(" + name() + "_.size())";
+  return Internal("FloatPayloadSize(") + name() + "_)";
 }
 
 std::string RepeatedFloatFieldGenerator::WriteFunction() const {

@@ -34,7 +34,7 @@ std::string RepeatedBoolFieldGenerator::WriteFunction() const {
 }
 
 std::string RepeatedBoolFieldGenerator::PayloadSize() const {
-  return "static_cast<::size_t>(" + name() + "_.size())";
+  return Internal("BoolPayloadSize(") + name() + "_)";
 }
 
 }  // namespace compiler

@@ -192,6 +192,14 @@ size_t UInt32PayloadSize(
     const google::protobuf::RepeatedField<uint32_t>& field);
 size_t SInt32PayloadSize(const google::protobuf::RepeatedField<int32_t>& field);
 size_t Int32PayloadSize(const google::protobuf::RepeatedField<int32_t>& field);
+inline size_t FloatPayloadSize(
+    const google::protobuf::RepeatedField<float>& field) {
+  return sizeof(float) * static_cast<size_t>(field.size());
+}
+inline size_t BoolPayloadSize(
+    const google::protobuf::RepeatedField<bool>& field) {
+  return static_cast<size_t>(field.size());
+}
 
 }  // namespace internal
 }  // namespace vantiro
