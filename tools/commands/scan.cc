@@ -4,8 +4,11 @@
 #include <cstdio>
 #include <iostream>
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include "tools/commands/commands.h"
+#include "tools/io/mapped_file.h"
 #include "tools/io/progress.h"
 #include "tools/io/table.h"
 
@@ -25,7 +28,10 @@ std::string HexOffset(size_t offset) {
 }
 
 void ScanFile(const Options& options, CommandIo* io) {
-  const std::string bytes = io->ReadBytes(options.file);
+  const MappedFile mapped(io->decodes() ? "" : options.file);
+  const std::string read =
+      mapped.is_mapped() ? "" : io->ReadBytes(options.file);
+  const std::string_view bytes = mapped.is_mapped() ? mapped.bytes() : read;
   Progress progress(bytes.size(), io->quiet());
   const std::vector<Match> matches =
       Scan(Schema::BuiltIn().roots(), bytes, options.min_score,
@@ -51,16 +57,20 @@ void AddScan(CLI::App* program, CommandIo* io) {
   CommandIo::AddFile(command, "The file", &options->file);
   command
       ->add_option("--min-score", options->min_score,
-                   "Show only records of at least this score (48)")
+                   "Show only records of at least this score (64)")
       ->type_name("BITS");
   io->AddInputOptions(command);
   command->footer(
       "Finds undamaged records of the sixteen roots as the library writes\n"
-      "them. The score is that of identify: random bytes reach B at one "
-      "offset\n"
-      "in 2^B. A lower --min-score finds smaller records, and more false "
-      "ones.\n"
-      "The exit status is 1 if no record is found.\n\n"
+      "them. The score says by how many bits a record explains the bytes "
+      "better\n"
+      "than the file around them does. A lower --min-score finds smaller "
+      "records,\n"
+      "and more false ones. A string or a packed run adds little, since text "
+      "and\n"
+      "tables of numbers are in many files: a record that is one string is "
+      "not\n"
+      "found. The exit status is 1 if no record is found.\n\n"
       "Example:\n"
       "  echo '00 ff 77 0d 00 00 80 3f 15 00 00 00 40 18 03' |\n"
       "    vantiro-records scan --hex --min-score 40 -");

@@ -1,5 +1,7 @@
 #include "tools/identify/score.h"
 
+#include <algorithm>
+
 #include "tools/identify/value_cost.h"
 #include "tools/wire/wire_reader.h"
 
@@ -15,14 +17,20 @@ constexpr double kMismatchBits = 8;
 constexpr double kFaultBits = 24;
 constexpr int kMaxDepth = 100;
 // Strict scoring ends below this: later fields rarely make up for so much.
-constexpr double kGiveUpBits = -64;
+constexpr double kGiveUpBits = -24;
+// What a string or a packed run can add to a strict score at most.
+constexpr double kMaxContentBits = 12;
 
 // Scores bytes in one pass. Strict scoring ends at the first byte that the
 // library would not have written.
 class Scorer {
  public:
-  Scorer(std::string_view bytes, bool is_strict)
-      : reader_(bytes), is_strict_(is_strict) {}
+  // `carrier` is as Carrier::Bits has it; without it a byte has eight bits.
+  Scorer(std::string_view bytes, bool is_strict,
+         const std::vector<double>* carrier)
+      : reader_(bytes), is_strict_(is_strict), carrier_(carrier) {}
+
+  size_t offset() const { return reader_.offset(); }
 
   Score Run(const MessageStructure& structure) {
     const bool is_complete = ReadFields(structure, 0, &score_.end);
@@ -61,7 +69,7 @@ class Scorer {
       return true;
     }
     const size_t tag_size = reader_.offset() - start;
-    if (!AddTag(structure, *field, tag, tag_size, rank)) return false;
+    if (!AddTag(structure, *field, tag, RawBits(start), rank)) return false;
     if (field->kind == Kind::kMessage) {
       score_.known_bytes += tag_size;
       return ReadMessage(*field->message, depth);
@@ -77,12 +85,12 @@ class Scorer {
     bool is_cut_off;
     if (depth == kMaxDepth || !ReadLength(&rest, &is_cut_off)) return false;
     const size_t length_size = reader_.offset() - start;
+    const double length_bits = RawBits(start);
     size_t end;
     if (ReadFields(structure, depth + 1, &end)) {
       // The end of the message costs as much as one more choice among all
       // fields.
-      Add(8.0 * static_cast<double>(length_size),
-          structure.choice_bits[structure.field_count]);
+      Add(length_bits, structure.choice_bits[structure.field_count]);
       score_.known_bytes += length_size;
     } else {
       if (is_strict_) return false;
@@ -105,8 +113,11 @@ class Scorer {
     bool is_cut_off;
     if (!ReadLength(&rest, &is_cut_off)) return false;
     const auto length_size = static_cast<double>(reader_.offset() - start);
-    Add(8 * length_size, 7 * length_size + 1);
+    const double bits = score_.bits;
+    Add(RawBits(start), 7 * length_size + 1);
     if (is_cut_off || !ReadContent(field)) return false;
+    // Text and tables of numbers are in many files.
+    if (is_strict_) score_.bits = std::min(score_.bits, bits + kMaxContentBits);
     reader_.Extend(rest);
     return true;
   }
@@ -134,8 +145,9 @@ class Scorer {
         double cost = 0;
         const bool passes = GetStringCost(reader_.Peek(size), &cost);
         score_.strings.Add(passes);
+        if (is_strict_) return passes && reader_.Skip(size);
         AddValue(8.0 * static_cast<double>(size), passes, cost);
-        return (passes || !is_strict_) && reader_.Skip(size);
+        return reader_.Skip(size);
       }
       case Kind::kFloat:
         if (size % sizeof(float) != 0) return false;
@@ -152,24 +164,26 @@ class Scorer {
   }
 
   bool ReadFloat(const FieldStructure& field) {
+    const size_t start = reader_.offset();
     uint32_t bits;
     if (!reader_.ReadFixed32(&bits)) return false;
     const bool is_canonical = field.is_repeated || bits << 1 != 0;
     double cost = 0;
     const bool passes = is_canonical && GetFloatCost(bits, &cost);
     score_.floats.Add(passes);
-    AddValue(32, passes, cost);
+    AddValue(RawBits(start), passes, cost);
     return is_canonical || !is_strict_;
   }
 
   bool ReadVarint(const FieldStructure& field) {
+    const size_t start = reader_.offset();
     Varint varint;
     if (!reader_.ReadVarint(&varint)) return false;
     const bool is_canonical = IsCanonical(field, varint);
     double cost = 0;
     const bool passes = is_canonical && GetVarintCost(field, varint, &cost);
     if (field.kind == Kind::kEnum) score_.enums.Add(passes);
-    AddValue(8.0 * static_cast<double>(varint.size), passes, cost);
+    AddValue(RawBits(start), passes, cost);
     return is_canonical || !is_strict_;
   }
 
@@ -205,13 +219,12 @@ class Scorer {
 
   // Scores a tag. False if that ends the scoring.
   bool AddTag(const MessageStructure& structure, const FieldStructure& field,
-              const Tag& tag, size_t size, size_t* rank) {
+              const Tag& tag, double raw_bits, size_t* rank) {
     if (field.rank < *rank || !tag.is_shortest) {
       AddMismatch();
       return !is_strict_;
     }
-    Add(8.0 * static_cast<double>(size),
-        structure.choice_bits[structure.field_count - *rank]);
+    Add(raw_bits, structure.choice_bits[structure.field_count - *rank]);
     // Elements of a repeated message have a tag each.
     *rank = field.rank +
             (field.kind == Kind::kMessage && field.is_repeated ? 0 : 1);
@@ -226,21 +239,31 @@ class Scorer {
   void Add(double raw_bits, double cost) { score_.bits += raw_bits - cost; }
   void AddMismatch() { score_.bits -= kMismatchBits; }
 
+  // What the bytes from `begin` to the position cost in the carrier.
+  double RawBits(size_t begin) const {
+    const size_t end = reader_.offset();
+    return carrier_ == nullptr ? 8.0 * static_cast<double>(end - begin)
+                               : (*carrier_)[end] - (*carrier_)[begin];
+  }
+
   WireReader reader_;
   const bool is_strict_;
+  const std::vector<double>* const carrier_;
   Score score_;
 };
 
 }  // namespace
 
 Score ScoreRecord(const MessageStructure& structure, std::string_view bytes) {
-  return Scorer(bytes, /*is_strict=*/false).Run(structure);
+  return Scorer(bytes, /*is_strict=*/false, nullptr).Run(structure);
 }
 
 PrefixScore ScorePrefix(const MessageStructure& structure,
-                        std::string_view bytes) {
-  const Score score = Scorer(bytes, /*is_strict=*/true).Run(structure);
-  return {score.bits, score.end};
+                        std::string_view bytes,
+                        const std::vector<double>* carrier) {
+  Scorer scorer(bytes, /*is_strict=*/true, carrier);
+  const Score score = scorer.Run(structure);
+  return {score.bits, score.end, scorer.offset()};
 }
 
 }  // namespace tools

@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "tools/identify/structure.h"
 
@@ -51,12 +52,16 @@ Score ScoreRecord(const MessageStructure& structure, std::string_view bytes);
 struct PrefixScore {
   double bits;
   size_t size;
+  // How many bytes were read to find that.
+  size_t read_size;
 };
 
 // The score of the longest prefix of `bytes` that is an undamaged record as the
-// library writes it.
+// library writes it: as among random bytes, or as in the carrier whose
+// Carrier::Bits are given.
 PrefixScore ScorePrefix(const MessageStructure& structure,
-                        std::string_view bytes);
+                        std::string_view bytes,
+                        const std::vector<double>* carrier);
 
 }  // namespace tools
 }  // namespace vantiro

@@ -64,6 +64,8 @@ class CommandIo {
 
   Style style() const;
   bool quiet() const { return quiet_; }
+  // Whether ReadBytes decodes hexadecimal or base64.
+  bool decodes() const { return hex_ || base64_; }
   ExitStatus status() const { return status_; }
 
  private:
