@@ -94,7 +94,8 @@ std::string FileGenerator::ForMessages(MessageFunction function) const {
 // Those of the imports and of lib/internal, sorted.
 std::string FileGenerator::IncludesOfHeader() const {
   std::set<std::string> headers = {"internal/accessors.h",
-                                   "internal/message_access.h"};
+                                   "internal/message_access.h",
+                                   "internal/repeated_capacity.h"};
   for (int i = 0; i < file_->dependency_count(); ++i) {
     headers.insert(Stem(file_->dependency(i)) + ".pb.h");
   }

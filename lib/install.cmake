@@ -18,6 +18,7 @@ endforeach()
 # What the emitted headers include.
 if(VANTIRO_CLASSES STREQUAL "plugin")
   install(FILES internal/accessors.h internal/message_access.h
+    internal/repeated_capacity.h
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/vantiro-protos/internal"
     COMPONENT dev)
 endif()

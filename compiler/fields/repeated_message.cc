@@ -48,7 +48,7 @@ std::string RepeatedMessageFieldGenerator::InlineAccessorDefinitions() const {
       Combine(variables(), {{"clear", is_foreign_ ? "" : ClearDefinition()}}),
       R"(
       $clear$
-      inline $Sub$* $Class$::add_$name$() { return $name$_.Add(); }
+      inline $Sub$* $Class$::add_$name$() { return ::vantiro::internal::AddMessage(&$name$_); }
   )");
 }
 

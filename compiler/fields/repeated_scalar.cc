@@ -45,7 +45,7 @@ std::string RepeatedScalarFieldGenerator::AccessorDeclarations() const {
       void clear_$name$() { $name$_.Clear(); }
       $type$ $name$(int index) const { return $value$; }
       void set_$name$(int index, $type$ value) { $name$_.Set(index, value); }
-      void add_$name$($type$ value) { $name$_.Add(value); }
+      void add_$name$($type$ value) { ::vantiro::internal::AddElement(value, &$name$_); }
       const $Repeated$& $name$() const { return $name$_; }
       $Repeated$* mutable_$name$() { return &$name$_; }
   )");
@@ -57,9 +57,13 @@ std::string RepeatedScalarFieldGenerator::Clear() const {
   )");
 }
 
+std::string RepeatedScalarFieldGenerator::CopyConstruct() const {
+  return Merge();
+}
+
 std::string RepeatedScalarFieldGenerator::Merge() const {
   return Substitute(variables(), R"(
-      $name$_.MergeFrom(from.$name$_);
+      $internal$::AddElements(from.$name$_, &$name$_);
   )");
 }
 
@@ -99,10 +103,6 @@ std::string RepeatedScalarFieldGenerator::Parse() const {
 
 std::string RepeatedScalarFieldGenerator::ArenaInitializer() const {
   return ", " + name() + "_(arena)";
-}
-
-std::string RepeatedScalarFieldGenerator::CopyInitializer() const {
-  return ", " + name() + "_(from." + name() + "_)";
 }
 
 }  // namespace compiler

@@ -23,6 +23,7 @@ class RepeatedScalarFieldGenerator : public FieldGenerator {
   std::string Member() const override;
   std::string CachedSizeMember() const override;
   std::string AccessorDeclarations() const override;
+  std::string CopyConstruct() const override;
   std::string Clear() const override;
   std::string Merge() const override;
   std::string Copy() const override;
@@ -31,7 +32,6 @@ class RepeatedScalarFieldGenerator : public FieldGenerator {
   std::string Serialize() const override;
   std::string Parse() const override;
   std::string ArenaInitializer() const override;
-  std::string CopyInitializer() const override;
 
  protected:
   // The expression that the accessor of an element returns.

@@ -1,7 +1,7 @@
-// How the capacity of repeated fields of scalars grows: by the steps of 3.9.1,
-// which are not those of RepeatedField here. The capacity decides how far a
-// parse looks ahead (ReadUnpackedVarint), and so what some input means. All
-// code of the classes that adds elements uses these functions.
+// How the capacity of repeated fields grows: by the steps of 3.9.1, which are
+// not those of the runtime at hand. The capacity of repeated scalars decides
+// how far a parse looks ahead (ReadUnpackedVarint), and so what some input
+// means. All code of the classes that adds elements uses these functions.
 //
 // Installed with the emitted headers, whose inline accessors use it.
 
@@ -19,9 +19,11 @@ namespace internal {
 
 using google::protobuf::RepeatedField;
 
-// The next capacity after `capacity`: at least four, otherwise twice as much.
+constexpr int kMinCapacity = 4;
+
+// The next capacity after `capacity`.
 inline int64_t NextCapacity(int64_t capacity) {
-  return std::max<int64_t>(4, capacity * 2);
+  return std::max<int64_t>(kMinCapacity, capacity * 2);
 }
 
 // Gives `field` the capacity `capacity`, which has to suffice for its elements.
@@ -39,8 +41,9 @@ __attribute__((flatten, noinline)) void SetCapacity(int64_t capacity,
   }
   RepeatedField<T> resized(field->GetArena());
   resized.Reserve(count);
-  resized.MergeFrom(*field);
-  field->UnsafeArenaSwap(&resized);
+  const int size = field->size();
+  std::copy_n(field->data(), size, resized.AddNAlreadyReserved(size));
+  field->InternalSwap(&resized);
 }
 
 // Reserves space for `count` more elements that are added together.
@@ -67,20 +70,38 @@ inline void ReserveByDoubling(int64_t count, RepeatedField<T>* field) {
   SetCapacity(CapacityByDoubling(field->Capacity(), size), field);
 }
 
+// To be called when `field` is full. Out of line, since AddElement is inline.
+template <typename T>
+__attribute__((noinline)) void GrowForOneMore(RepeatedField<T>* field) {
+  SetCapacity(NextCapacity(field->Capacity()), field);
+}
+
 template <typename T>
 inline void AddElement(typename RepeatedField<T>::value_type element,
                        RepeatedField<T>* field) {
-  if (field->size() == field->Capacity()) {
-    SetCapacity(NextCapacity(field->Capacity()), field);
-  }
+  if (field->size() == field->Capacity()) GrowForOneMore(field);
   field->AddAlreadyReserved(element);
 }
 
 // Adds the elements of another field.
 template <typename T>
-void AddElements(const RepeatedField<T>& from, RepeatedField<T>* field) {
-  ReserveAtOnce(from.size(), field);
-  field->MergeFrom(from);
+inline void AddElements(const RepeatedField<T>& from, RepeatedField<T>* field) {
+  const int size = from.size();
+  if (size == 0) return;
+  if (field->Capacity() == 0) {
+    field->Reserve(std::max(size, kMinCapacity));
+  } else {
+    ReserveAtOnce(size, field);
+  }
+  std::copy_n(from.data(), size, field->AddNAlreadyReserved(size));
+}
+
+// Adds an element to a repeated field of messages. Its capacity has no effect
+// on what is read: only its first step is that of 3.9.1.
+template <typename T>
+inline T* AddMessage(google::protobuf::RepeatedPtrField<T>* field) {
+  if (field->Capacity() == 0) field->Reserve(kMinCapacity);
+  return field->Add();
 }
 
 }  // namespace internal

@@ -5,6 +5,10 @@
 #include <google/protobuf/stubs/logging.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <utility>
+
+#include "all_types.h"
 #include "tests/contract/every_kind.h"
 
 namespace vantiro {
@@ -12,6 +16,99 @@ namespace tests {
 namespace {
 
 using google::protobuf::io::ArrayInputStream;
+using z3a_debug_data::zabc::AlgorithmInputs;
+
+template <typename T>
+class CapacityOf : public testing::Test {};
+TYPED_TEST_SUITE(CapacityOf, EveryKindTypes);
+
+template <typename T>
+T WithFloats(int count) {
+  T message;
+  for (int i = 0; i < count; ++i) message.add_float_list(1);
+  return message;
+}
+
+TYPED_TEST(CapacityOf, ElementsAddedDoublesFromFourOn) {
+  TypeParam message;
+  const struct {
+    int count;
+    int capacity;
+  } cases[] = {{1, 4}, {4, 4}, {5, 8}, {8, 8}, {9, 16}, {16, 16}, {17, 32}};
+  for (const auto& c : cases) {
+    while (message.float_list_size() < c.count) {
+      message.add_float_list(1);
+      message.add_int64_list(1);
+      message.add_enum_list(Level{});
+    }
+    EXPECT_EQ(message.float_list().Capacity(), c.capacity);
+    EXPECT_EQ(message.int64_list().Capacity(), c.capacity);
+    EXPECT_EQ(message.enum_list().Capacity(), c.capacity);
+  }
+}
+
+TYPED_TEST(CapacityOf, ACopyIsForItsElementsButForFourAtLeast) {
+  for (const auto& [count, capacity] :
+       {std::pair<int, int>{0, 0}, {1, 4}, {5, 5}}) {
+    const auto from = WithFloats<TypeParam>(count);
+    const TypeParam copy(from);
+    EXPECT_EQ(copy.float_list().Capacity(), capacity);
+    TypeParam assigned;
+    assigned = from;
+    EXPECT_EQ(assigned.float_list().Capacity(), capacity);
+  }
+}
+
+TYPED_TEST(CapacityOf, AMergeIsWhatIsNeededUnlessTwiceTheOldIsMore) {
+  const struct {
+    int old_count;
+    int count;
+    int capacity;
+  } cases[] = {{0, 2, 4}, {3, 1, 4}, {3, 2, 8}, {3, 7, 10}};
+  for (const auto& c : cases) {
+    auto to = WithFloats<TypeParam>(c.old_count);
+    to.MergeFrom(WithFloats<TypeParam>(c.count));
+    EXPECT_EQ(to.float_list_size(), c.old_count + c.count);
+    EXPECT_EQ(to.float_list().Capacity(), c.capacity);
+  }
+}
+
+TYPED_TEST(CapacityOf, ACopyIntoAMessageIsNotLessThanBefore) {
+  auto to = WithFloats<TypeParam>(9);
+  to.CopyFrom(WithFloats<TypeParam>(1));
+  EXPECT_EQ(to.float_list().Capacity(), 16);
+}
+
+// CopyFrom clears first, which frees a child: a copy of it has no other
+// capacity than that of a new message.
+TEST(Capacity, OfAChildThatIsCopiedIsThatOfANewOne) {
+  for (const int count : {0, 1, 5}) {
+    for (const int old_count : {0, 1, 5}) {
+      AlgorithmInputs from;
+      AlgorithmInputs to;
+      auto* const child = from.mutable_zawb_info();
+      for (int i = 0; i < count; ++i) child->add_field_2(1);
+      for (int i = 0; i < old_count; ++i) {
+        to.mutable_zawb_info()->add_field_2(1);
+      }
+      to.CopyFrom(from);
+      EXPECT_EQ(to.zawb_info().field_2().Capacity(),
+                count == 0 ? 0 : std::max(count, 4))
+          << count << " instead of " << old_count;
+    }
+  }
+}
+
+TEST(Capacity, StaysWithAMessageSwappedAcrossArenas) {
+  Arena arena;
+  auto* const on_arena = Arena::CreateMessage<EveryKind>(&arena);
+  *on_arena = WithFloats<EveryKind>(1);
+  auto on_heap = WithFloats<EveryKind>(9);
+  on_heap.Swap(on_arena);
+  EXPECT_EQ(on_heap.float_list_size(), 1);
+  EXPECT_EQ(on_heap.float_list().Capacity(), 16);
+  EXPECT_EQ(on_arena->float_list().Capacity(), 9);
+}
 
 // A packed run of `count` floats.
 std::string Floats(int count) {

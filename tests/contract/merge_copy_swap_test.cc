@@ -7,11 +7,29 @@
 #include <utility>
 
 #include "tests/conformance/model/checked_message.h"
+#include "tests/conformance/model/encoding.h"
 #include "tests/contract/every_kind.h"
 
 namespace vantiro {
 namespace tests {
 namespace {
+
+// Merges unpacked elements and then a packed run into each repeated field of
+// scalars. What is read depends on its capacity.
+void ExpectCapacityOfTheModel(const Type& type, CheckedMessage* message) {
+  for (const auto& [number, field] : type.fields) {
+    if (!field.is_repeated || field.kind == Kind::MESSAGE) continue;
+    // No record repeats bools, and their least capacity is the runtime's.
+    if (field.kind == Kind::BOOL) continue;
+    const std::string element = Element(field.kind, 2);
+    std::string bytes;
+    for (int i = 0; i < 5; ++i) {
+      bytes += Tag(number, TypeOf(field.kind)) + element;
+      message->Merge({bytes + Delimited(number, element + element)});
+    }
+  }
+  message->Serialize();
+}
 
 // All operations on a message on the heap, on one on an arena, and on a third
 // that lies here or there.
@@ -58,6 +76,9 @@ void ExpectOperationsLikeTheModels(const Type& type, const std::string& record,
     third.MergeFrom(heap);
     third.Serialize();
     check();
+    for (CheckedMessage* message : {&heap, &on_arena, &third}) {
+      ExpectCapacityOfTheModel(type, message);
+    }
   }
 }
 

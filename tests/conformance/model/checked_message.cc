@@ -81,7 +81,18 @@ void CheckedMessage::CopyFrom(const CheckedMessage& from) {
 
 void CheckedMessage::Swap(CheckedMessage* other) {
   type_.swap(message_, other->message_);
-  if (other != this) std::swap(model_, other->model_);
+  if (other == this) return;
+  if (message_->GetArena() == other->message_->GetArena()) {
+    std::swap(model_, other->model_);
+    return;
+  }
+  // Between arenas the content is copied.
+  ModelMessage copy(type_);
+  copy.MergeFrom(*model_);
+  model_->Clear();
+  model_->MergeFrom(*other->model_);
+  other->model_->Clear();
+  other->model_->MergeFrom(copy);
 }
 
 void CheckedMessage::Create(const Field& field) {
@@ -98,6 +109,12 @@ void CheckedMessage::Clear(const Field& field) {
 void CheckedMessage::Move(const Field& field, CheckedMessage* to) {
   auto child = std::move(model_->Child(field.number));
   EXPECT_EQ(field.count(*message_), child != nullptr) << field.name;
+  if (child != nullptr && message_->GetArena() != nullptr) {
+    // The child is released as a copy.
+    auto copy = std::make_unique<ModelMessage>(*field.type);
+    copy->MergeFrom(*child);
+    child = std::move(copy);
+  }
   field.set_allocated(to->message_, field.release(message_));
   to->model_->Child(field.number) = std::move(child);
 }

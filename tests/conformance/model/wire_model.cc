@@ -13,13 +13,23 @@ constexpr uint64_t kMaxLength = 0x7fffffff;
 
 }  // namespace
 
-void ModelMessage::Value::Reserve(size_t size) {
-  if (size > capacity) capacity = std::max({size_t{4}, capacity * 2, size});
+void ModelMessage::Value::Reserve(Kind kind, size_t size) {
+  // Of bools, which no record repeats, the runtime's fields hold at least
+  // eight.
+  const size_t least = kind == Kind::BOOL ? 8 : 4;
+  if (size > capacity) capacity = std::max({least, capacity * 2, size});
 }
 
-void ModelMessage::Value::Append(uint64_t bits) {
-  Reserve(elements.size() + 1);
+void ModelMessage::Value::Append(Kind kind, uint64_t bits) {
+  Reserve(kind, elements.size() + 1);
   elements.push_back(bits);
+}
+
+ModelMessage* ModelMessage::Value::AddChild(const Type& type) {
+  if (child_count == children.size()) {
+    children.push_back(std::make_unique<ModelMessage>(type));
+  }
+  return children[child_count++].get();
 }
 
 void ModelMessage::Clear() {
@@ -29,7 +39,8 @@ void ModelMessage::Clear() {
     value.elements.clear();
     value.string.clear();
     value.child.reset();
-    value.children.clear();
+    for (const auto& child : value.children) child->Clear();
+    value.child_count = 0;
   }
 }
 
@@ -40,6 +51,7 @@ void ModelMessage::MergeFrom(const ModelMessage& from) {
     Value* const value = &values_[number];
     if (!IsZero(field.kind, theirs.scalar)) value->scalar = theirs.scalar;
     if (!theirs.string.empty()) value->string = theirs.string;
+    value->Reserve(field.kind, value->elements.size() + theirs.elements.size());
     value->elements.insert(value->elements.end(), theirs.elements.begin(),
                            theirs.elements.end());
     if (theirs.child != nullptr) {
@@ -48,9 +60,8 @@ void ModelMessage::MergeFrom(const ModelMessage& from) {
       }
       value->child->MergeFrom(*theirs.child);
     }
-    for (const auto& child : theirs.children) {
-      value->children.push_back(std::make_unique<ModelMessage>(*field.type));
-      value->children.back()->MergeFrom(*child);
+    for (size_t i = 0; i < theirs.child_count; ++i) {
+      value->AddChild(*field.type)->MergeFrom(*theirs.children[i]);
     }
   }
 }
@@ -66,8 +77,8 @@ std::string ModelMessage::Serialize() const {
     if (value.child != nullptr) {
       bytes += Delimited(number, value.child->Serialize());
     }
-    for (const auto& child : value.children) {
-      bytes += Delimited(number, child->Serialize());
+    for (size_t i = 0; i < value.child_count; ++i) {
+      bytes += Delimited(number, value.children[i]->Serialize());
     }
     if (!value.string.empty()) bytes += Delimited(number, value.string);
     std::string packed;
@@ -187,16 +198,17 @@ class ModelParser {
 
   // Of a message that claims more than there is, what is there is read.
   bool ReadChild(const Field& field, Value* value) {
-    auto* child = &value->child;
-    if (field.is_repeated) child = &value->children.emplace_back();
-    if (*child == nullptr) *child = std::make_unique<ModelMessage>(*field.type);
+    if (!field.is_repeated && value->child == nullptr) {
+      value->child = std::make_unique<ModelMessage>(*field.type);
+    }
+    ModelMessage* const child =
+        field.is_repeated ? value->AddChild(*field.type) : value->child.get();
     uint64_t length;
     if (!ReadLength(&length) || --recursion_budget_ < 0) return false;
     const bool fits = length <= Left();
     const size_t outer_limit = limit_;
     limit_ = std::min<size_t>(limit_, position_ + length);
-    if (!MergeFields(child->get()) || !at_legitimate_end_ || !fits)
-      return false;
+    if (!MergeFields(child) || !at_legitimate_end_ || !fits) return false;
     limit_ = outer_limit;
     ++recursion_budget_;
     return true;
@@ -213,7 +225,7 @@ class ModelParser {
     while (Left() > 0) {
       uint64_t bits = 0;
       if (!ReadElement(field.kind, &bits)) return false;
-      value->Append(bits);
+      value->Append(field.kind, bits);
     }
     limit_ = outer_limit;
     return fits;
@@ -227,13 +239,13 @@ class ModelParser {
     const bool fits = length <= Left();
     if (limit_ != SIZE_MAX && length <= limit_ - position_) {
       if (!fits) return false;
-      value->Reserve(value->elements.size() + length / 4);
+      value->Reserve(Kind::FLOAT, value->elements.size() + length / 4);
     }
     for (size_t count = std::min<size_t>(length, Left()) / 4; count > 0;
          --count) {
       uint64_t bits = 0;
       ReadElement(Kind::FLOAT, &bits);
-      value->Append(bits);
+      value->Append(Kind::FLOAT, bits);
     }
     return fits;
   }
@@ -254,7 +266,7 @@ class ModelParser {
     while (true) {
       uint64_t bits = 0;
       if (!ReadElement(field.kind, &bits)) return false;
-      value->Append(bits);
+      value->Append(field.kind, bits);
       if (field.kind == Kind::ENUM ||
           value->elements.size() == value->capacity ||
           EndOfChunk() - position_ < needed ||

@@ -22,7 +22,8 @@ class ModelMessage {
  public:
   explicit ModelMessage(const Type& type) : type_(&type) {}
 
-  // Removes everything, but repeated fields keep their capacity.
+  // Removes everything, but repeated fields keep their capacity, and those of
+  // messages their elements, to be used again.
   void Clear();
   // Takes what `from` holds as a merge does: zeros and what is empty change
   // nothing.
@@ -37,8 +38,10 @@ class ModelMessage {
   struct Value {
     // A repeated field grows to four elements, to twice its capacity, or to
     // what is needed, whichever is most.
-    void Reserve(size_t size);
-    void Append(uint64_t bits);
+    void Reserve(Kind kind, size_t size);
+    void Append(Kind kind, uint64_t bits);
+    // Adds an element, the one that was removed there if there is one.
+    ModelMessage* AddChild(const Type& type);
 
     // A scalar's or an element's bits, before any encoding.
     uint64_t scalar = 0;
@@ -47,6 +50,8 @@ class ModelMessage {
     std::string string;
     std::unique_ptr<ModelMessage> child;
     std::vector<std::unique_ptr<ModelMessage>> children;
+    // The elements behind have been removed.
+    size_t child_count = 0;
   };
 
   const Type* type_;

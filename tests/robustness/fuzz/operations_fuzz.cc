@@ -46,11 +46,11 @@ class Operations {
       case 1:
         return Create(&arena_, slot);
       case 2:
-        Create((*slot)->arena(), slot);
         (*slot)->Parse(TakeBytes());
         return;
       case 3:
-        return Merge(slot);
+        (*slot)->Merge({TakeBytes()});
+        return;
       case 4:
         return (*slot)->Clear();
       case 5:
@@ -74,14 +74,6 @@ class Operations {
 
   std::string TakeBytes() {
     return input_.TakeBytes(input_.TakeIndex(size_t{1} << 16));
-  }
-
-  // Merges bytes as the library writes them: how far a repeated field looks
-  // ahead depends on its capacity, which is the runtime's.
-  void Merge(Slot* slot) {
-    CheckedMessage message(type_, nullptr);
-    message.Merge({TakeBytes()});
-    (*slot)->Merge({message.Serialize()});
   }
 
   void ChangeField(int operation, Slot* slot, Slot* other) {
