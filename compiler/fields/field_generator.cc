@@ -21,7 +21,7 @@ std::string TypeInSchema(const FieldDescriptor* field) {
 }
 
 // The field as in the schema.
-std::string Declaration(const FieldDescriptor* field) {
+std::string DeclarationInSchema(const FieldDescriptor* field) {
   return std::string(field->is_repeated() ? "repeated " : "") +
          TypeInSchema(field) + " " + field->name() + " = " +
          std::to_string(field->number()) + ";";
@@ -51,7 +51,7 @@ FieldGenerator::FieldGenerator(const FieldDescriptor* field)
 
 std::string FieldGenerator::PublicMembers() const {
   return Substitute({{"comment", DocComment(field_)},
-                     {"declaration", Declaration(field_)},
+                     {"declaration", DeclarationInSchema(field_)},
                      {"accessors", AccessorDeclarations()}},
                     R"(
 

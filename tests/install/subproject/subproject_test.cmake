@@ -10,7 +10,7 @@ foreach(how IN ITEMS add_subdirectory FetchContent)
       "-DVANTIRO=${VANTIRO}" "-DVANTIRO_CLASSES=${CLASSES}" "-DHOW=${how}"
     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
   execute_process(COMMAND ${CMAKE_COMMAND} --build "${SCRATCH}" --target client
-    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+    COMMAND_ERROR_IS_FATAL ANY)
   execute_process(COMMAND "${SCRATCH}/client"
     OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
   if(NOT output STREQUAL "OPERATION_PREVIEW, rear_wide\n")
