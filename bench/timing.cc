@@ -26,7 +26,7 @@ class Memcpy final : public Work {
 
   void Run(int times) override {
     for (; times > 0; --times) {
-      std::memcpy(&to_[0], from_.data(), from_.size());
+      std::memcpy(to_.data(), from_.data(), from_.size());
       // Each copy counts: memory is read here, as far as the compiler knows.
       asm volatile("" : : "r"(to_.data()) : "memory");
     }

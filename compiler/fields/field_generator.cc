@@ -14,8 +14,9 @@ using google::protobuf::FieldDescriptor;
 using google::protobuf::internal::WireFormatLite;
 
 std::string TypeInSchema(const FieldDescriptor* field) {
-  if (field->message_type() != nullptr)
+  if (field->message_type() != nullptr) {
     return field->message_type()->full_name();
+  }
   if (field->enum_type() != nullptr) return field->enum_type()->full_name();
   return field->type_name();
 }
