@@ -110,7 +110,7 @@ void Parse(const std::string& bytes, MessageLite* message) {
 
 void Serialize(Subject* subject) {
   Require(subject->message->SerializeToArray(
-      &subject->output[0], static_cast<int>(subject->output.size())));
+      subject->output.data(), static_cast<int>(subject->output.size())));
 }
 
 void ByteSize(Subject* subject) {

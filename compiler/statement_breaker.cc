@@ -192,8 +192,9 @@ class StatementBreaker {
 
   // `state` after token `i`, which starts a line or continues one.
   State Append(size_t i, State state, bool starts_line) const {
-    if (statement_.Closes(i) && state.levels.size() > 1)
+    if (statement_.Closes(i) && state.levels.size() > 1) {
       state.levels.pop_back();
+    }
     if (starts_line) {
       StartLine(i, &state);
     } else {
@@ -258,8 +259,9 @@ class StatementBreaker {
 
   int ColumnOfLine(size_t i, const Level& level) const {
     const std::string& before = statement_.Text(i - 1);
-    if (statement_.Opens(i - 1) || before == "," || statement_.IsAnd(i - 1))
+    if (statement_.Opens(i - 1) || before == "," || statement_.IsAnd(i - 1)) {
       return level.indent;
+    }
     if (statement_.IsBinary(i - 1)) {
       const bool is_operand_of_and = before != "+" && statement_.HasAnd();
       return level.expression_start +

@@ -27,7 +27,7 @@ std::string ErrorsOfClangFormat(const std::vector<std::string>& folders,
     std::ofstream(folder + "/" + name) << text;
     command += " " + folder + "/" + name;
   }
-  const std::string errors = RunCommand(command).said;
+  std::string errors = RunCommand(command).said;
   std::filesystem::remove_all(folder);
   return errors;
 }

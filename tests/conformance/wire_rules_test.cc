@@ -75,8 +75,9 @@ std::vector<Input> InputsGiven(const std::string& way,
     const bool in_one_piece = input.chunk_size == 0;
     bool is_given = way.empty();
     if (way == "in one piece") is_given = in_one_piece;
-    if (way == "in one chunk")
+    if (way == "in one chunk") {
       is_given = in_one_piece || input.chunk_size == 4096;
+    }
     if (way == "byte by byte") is_given = input.chunk_size == 1;
     if (way == "with a limit") is_given = in_one_piece || input.has_limit;
     if (way == "without a limit") is_given = !in_one_piece && !input.has_limit;

@@ -51,8 +51,8 @@ TYPED_TEST(CapacityOf, ACopyIsForItsElementsButForFourAtLeast) {
   for (const auto& [count, capacity] :
        {std::pair<int, int>{0, 0}, {1, 4}, {5, 5}}) {
     const auto from = WithFloats<TypeParam>(count);
-    const TypeParam copy(from);
-    EXPECT_EQ(copy.float_list().Capacity(), capacity);
+    TypeParam copy(from);
+    EXPECT_EQ(copy.mutable_float_list()->Capacity(), capacity);
     TypeParam assigned;
     assigned = from;
     EXPECT_EQ(assigned.float_list().Capacity(), capacity);

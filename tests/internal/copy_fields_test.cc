@@ -2,13 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <cstring>
 #include <limits>
 #include <random>
+#include <string>
 
 namespace vantiro {
 namespace internal {
 namespace {
+
+template <size_t kCount>
+std::string BytesOf(const float (&floats)[kCount]) {
+  return {reinterpret_cast<const char*>(floats), sizeof(floats)};
+}
 
 template <int kCount>
 void ExpectNegativeZerosDropped(std::mt19937* random) {
@@ -29,7 +35,7 @@ void ExpectNegativeZerosDropped(std::mt19937* random) {
     if (before[i] == 0) before[i] = 0;
   }
   DropNegativeZeros<kCount>(floats + 1);
-  EXPECT_EQ(std::memcmp(floats, before, sizeof(before)), 0) << kCount;
+  EXPECT_EQ(BytesOf(floats), BytesOf(before)) << kCount;
 }
 
 TEST(CopyFields, DropsNegativeZerosAndNothingElse) {

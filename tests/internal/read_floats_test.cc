@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 
 #include "internal/read_singular.h"
@@ -35,7 +34,8 @@ TEST(FloatFields, AreReadTogether) {
   float values[5] = {};
   EXPECT_EQ((ReadFloatFields<kFirstTag, 4>(Begin(fields), values)),
             Begin(fields) + fields.size() - 1);
-  EXPECT_EQ(std::memcmp(values, "abcdefghijklmnop\0\0\0\0", sizeof(values)), 0);
+  EXPECT_EQ(std::string(reinterpret_cast<const char*>(values), sizeof(values)),
+            std::string("abcdefghijklmnop") + std::string(4, '\0'));
 }
 
 // The parser has looked at the first tag, which need not be in its shortest

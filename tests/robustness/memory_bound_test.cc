@@ -34,7 +34,7 @@ void ExpectBound(double bound, int chunk_size) {
         for (const bool on_arena : {false, true}) {
           Arena arena;
           MessageLite* const message = type.create(on_arena ? &arena : nullptr);
-          const size_t peak = PeakOf([&] {
+          const size_t peak = PeakOf([&, &name = name] {
             EXPECT_TRUE(entry_point.read(type, input, message).complete)
                 << type.name << ", " << name;
           });
@@ -71,7 +71,7 @@ TEST(MemoryOfAParse, IsNotTakenForAClaimedLength) {
            {std::pair(0, false), {1, false}, {1, true}, {4096, true}}) {
         const Input input = {bytes, chunk_size, has_limit};
         for (const EntryPoint& entry_point : EntryPointsFor(input)) {
-          const size_t peak = PeakOf([&] {
+          const size_t peak = PeakOf([&, &name = name] {
             EXPECT_FALSE(
                 entry_point.read(type, input, type.New().get()).complete)
                 << type.name << ", " << entry_point.name << ", " << name;

@@ -109,7 +109,8 @@ TEST(Escape, LeavesNothingThatActsOnATerminal) {
   for (const Case& c : std::vector<Case>{
            {"plain \u00fc \U0001f600", "plain \u00fc \U0001f600"},
            {"\x1b[31m\t\x7f\u0085", "\\u001b[31m\\u0009\\u007f\\u0085"},
-           {"a\u202eb\u2066c\u200ed\u061c", "a\\u202eb\\u2066c\\u200ed\\u061c"},
+           {"a\u202eb\u202c\u2066c\u2069\u200ed\u061c",
+            "a\\u202eb\\u202c\\u2066c\\u2069\\u200ed\\u061c"},
            {"a\u2028b\u2029\n", "a\\u2028b\\u2029\\u000a"},
            {"\xc3\x28\xff\x1b", "\\xc3(\\xff\\u001b"}}) {
     EXPECT_EQ(EscapeControls(c.text), c.result);

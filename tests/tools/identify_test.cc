@@ -98,7 +98,7 @@ std::string Carrier(size_t size, std::mt19937* random) {
   while (bytes.size() < size) {
     for (int i = 0; i < 2000; ++i) bytes += kWords[(*random)() % 9];
     for (uint32_t i = 0; i < 4000; ++i) {
-      const auto number = static_cast<uint32_t>(i * 3 + (*random)() % 3);
+      const uint32_t number = i * 3 + static_cast<uint32_t>((*random)() % 3);
       bytes.append(reinterpret_cast<const char*>(&number), sizeof(number));
     }
     for (int i = 0; i < 2000; ++i) {

@@ -55,7 +55,7 @@ std::string RandomFiller::String(bool is_utf8) {
   if (!is_extreme_) return "rear_wide";
   static constexpr const char* kCharacters[] = {
       "a", "\"",     "\\",     "\n",     "\x01",   "\x7f",      "<",
-      "'", "\u00fc", "\u0085", "\u202e", "\u2028", "\U0001f600"};
+      "'", "\u00fc", "\u0085", "\u200f", "\u2028", "\U0001f600"};
   std::string text;
   for (int i = Number(12); i > 0; --i) {
     text += is_utf8 ? kCharacters[Number(13)]

@@ -77,8 +77,9 @@ class Decoder {
     } else if (options_.format == "json") {
       WriteJson(file, record, tree.fault);
     } else {
-      if (HasSeveralFiles())
+      if (HasSeveralFiles()) {
         std::cout << style_.Note("# " + EscapeControls(file)) << '\n';
+      }
       WriteReadable(record);
     }
     io_.ReportFault(file, tree.fault);

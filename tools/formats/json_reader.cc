@@ -174,17 +174,16 @@ class JsonReader {
   // Sets the bits of a NaN, "field" or "field[2]", that is in the record.
   void ReadNan(const Json& value, Record* record) {
     const uint64_t bits = ReadNumber(value, UINT32_MAX);
-    const std::string& name = path_.back();
+    const std::string_view name = path_.back();
     const size_t bracket = std::min(name.find('['), name.size());
     const FieldDescriptor* const field =
-        FindField(*record->type, name.substr(0, bracket));
+        FindField(*record->type, std::string(name.substr(0, bracket)));
     if (field == nullptr || !IsFloat(*field)) Fail("no such float");
     std::vector<uint64_t>& scalars = record->Mutable(*field)->scalars;
     uint64_t index = 0;
     const bool has_index =
         bracket < name.size() && name.back() == ']' &&
-        ParseUnsigned(std::string_view(name).substr(bracket + 1,
-                                                    name.size() - bracket - 2),
+        ParseUnsigned(name.substr(bracket + 1, name.size() - bracket - 2),
                       &index);
     if (has_index != field->is_repeated() || index >= scalars.size() ||
         !IsNan(scalars[index]) || !IsNan(bits)) {

@@ -105,8 +105,9 @@ double TextTokens::TakeDouble() {
   const std::string& text = current().text;
   double value = 0;
   if (IsInteger()) {
-    if (text.size() > 1 && text[0] == '0')
+    if (text.size() > 1 && text[0] == '0') {
       FailHere("expected a decimal number");
+    }
     uint64_t integer = 0;
     value = Tokenizer::ParseInteger(text, UINT64_MAX, &integer)
                 ? static_cast<double>(integer)

@@ -160,8 +160,9 @@ class HexReader {
         return;
       }
     }
-    if (is_dump_)
+    if (is_dump_) {
       Fail(column_, "the offset does not follow from the lines before");
+    }
   }
 
   // Adds copies of the last line up to `size` bytes.

@@ -38,8 +38,9 @@ const FieldDescriptor* FindField(const Descriptor& type,
 PathStep ParseStep(const Descriptor* type, std::string_view text) {
   PathStep step{nullptr, RemoveIndex(&text)};
   const std::string name(text);
-  if (type == nullptr)
+  if (type == nullptr) {
     throw NameError("the field before ." + name + " is not a message");
+  }
   step.field = FindField(*type, name);
   if (step.field == nullptr) {
     throw NameError(type->full_name() + " has no field '" + name + "'; 'show " +

@@ -66,8 +66,9 @@ bool TreeReader::ReadKnown(FieldState* state, Node* node,
                            std::vector<Node>* nodes) {
   const FieldDescriptor& field = *node->field;
   node->index = state->count;
-  if (!field.is_repeated() && state->seen)
+  if (!field.is_repeated() && state->seen) {
     node->flags.Add(EncodingFlag::kDuplicate);
+  }
   bool is_there = true;
   bool ok;
   if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {

@@ -36,7 +36,6 @@ CheckedMessage::CheckedMessage(const Type& type, Arena* arena)
 
 CheckedMessage::CheckedMessage(const CheckedMessage& from)
     : type_(from.type_),
-      arena_(nullptr),
       message_(type_.copy(*from.message_)),
       model_(std::make_unique<ModelMessage>(type_)) {
   model_->MergeFrom(*from.model_);
@@ -120,7 +119,7 @@ void CheckedMessage::Move(const Field& field, CheckedMessage* to) {
 }
 
 std::string CheckedMessage::Serialize() const {
-  const std::string bytes = tests::Serialize(type_, *message_);
+  std::string bytes = tests::Serialize(type_, *message_);
   EXPECT_TRUE(AreSame(bytes, model_->Serialize())) << type_.name;
   return bytes;
 }

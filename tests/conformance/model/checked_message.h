@@ -46,7 +46,7 @@ class CheckedMessage {
 
  private:
   const Type& type_;
-  Arena* const arena_;
+  Arena* const arena_ = nullptr;
   MessageLite* const message_;
   std::unique_ptr<ModelMessage> model_;
 };
