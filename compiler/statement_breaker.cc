@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
-#include <climits>
+#include <cstdint>
 #include <map>
 #include <tuple>
 #include <vector>
@@ -16,7 +16,7 @@ namespace {
 // Penalties of clang-format's Google style. That of a break depends on its
 // place (BreakPenalty); each level of nesting adds kNestingPenalty, and the
 // first break of a level kFirstBreakPenalty.
-constexpr int kExcessPenalty = 1000000;
+constexpr int64_t kExcessPenalty = 1000000;
 constexpr int kStringPenalty = 1000;
 constexpr int kNestingPenalty = 20;
 constexpr int kFirstBreakPenalty = 15;
@@ -57,7 +57,7 @@ struct Level {
 // The statement up to a token.
 struct State {
   int column = 0;
-  int penalty = 0;
+  int64_t penalty = 0;
   std::vector<Level> levels;
   bool is_type_broken = false;
   // For each token the column of the line that it starts, or -1.
@@ -307,9 +307,9 @@ class StatementBreaker {
 
   const int indentation_;
   const Statement statement_;
-  int best_penalty_ = INT_MAX;
+  int64_t best_penalty_ = INT64_MAX;
   std::vector<int> best_columns_;
-  std::map<std::vector<int>, int> penalties_;
+  std::map<std::vector<int>, int64_t> penalties_;
 };
 
 }  // namespace
