@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
-#include <map>
-#include <tuple>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "compiler/statement.h"
@@ -17,7 +17,7 @@ namespace {
 // place (BreakPenalty); each level of nesting adds kNestingPenalty, and the
 // first break of a level kFirstBreakPenalty.
 constexpr int64_t kExcessPenalty = 1000000;
-constexpr int kStringPenalty = 1000;
+constexpr int64_t kStringPenalty = 1000;
 constexpr int kNestingPenalty = 20;
 constexpr int kFirstBreakPenalty = 15;
 constexpr int kParenthesisNesting = 1;
@@ -26,6 +26,7 @@ constexpr int kAngleNesting = 1;
 // clang-format leaves no shorter return type on a line of its own.
 constexpr int kMinReturnTypeColumn = 6;
 
+using Ints = std::vector<int>;
 using Strings = std::vector<std::string>;
 
 // The parentheses or angle brackets around a token; the outermost level is the
@@ -54,15 +55,27 @@ struct Level {
   bool is_in_middle = false;
 };
 
+// How a token was placed: the column of the line that it starts, or -1, and the
+// step of the token before, or -1.
+struct Step {
+  int column_of_line;
+  int before;
+};
+
 // The statement up to a token.
 struct State {
   int column = 0;
   int64_t penalty = 0;
   std::vector<Level> levels;
   bool is_type_broken = false;
-  // For each token the column of the line that it starts, or -1.
-  std::vector<int> columns;
+  int column_of_line = -1;
+  int last_step = -1;
 };
+
+// The states that the search keeps for each token: so many that the best way to
+// break a statement of the templates is never dropped, and so few that an
+// initialiser list of thousands of names takes no longer than its length.
+constexpr size_t kMaxStates = 50;
 
 class StatementBreaker {
  public:
@@ -74,12 +87,12 @@ class StatementBreaker {
     start.column = indentation_;
     start.levels.push_back({indentation_, indentation_, indentation_, -1, -1,
                             true, true, 1, false, false, false, false});
-    Search(0, start);
+    const Ints columns = ColumnsOfLines(Search(std::move(start)));
     std::string result(static_cast<size_t>(indentation_), ' ');
     for (size_t i = 0; i < statement_.size(); ++i) {
-      if (best_columns_[i] >= 0) {
+      if (columns[i] >= 0) {
         result += '\n';
-        result.append(static_cast<size_t>(best_columns_[i]), ' ');
+        result.append(static_cast<size_t>(columns[i]), ' ');
       } else if (statement_.FollowsSpace(i)) {
         result += ' ';
       }
@@ -97,22 +110,61 @@ class StatementBreaker {
   }
 
  private:
-  void Search(size_t i, const State& state) {
-    if (state.penalty >= best_penalty_ || !IsCheapest(i, state)) return;
-    if (i == statement_.size()) {
-      best_penalty_ = state.penalty;
-      best_columns_ = state.columns;
-      return;
+  // The best state after the last token. Of equal ones the first is the best,
+  // and a line is continued before it is broken.
+  State Search(State start) {
+    std::vector<State> states = {std::move(start)};
+    for (size_t i = 0; i < statement_.size(); ++i) {
+      std::vector<State> next;
+      for (const State& state : states) {
+        if (!MustStartLine(i, state)) next.push_back(Append(i, state, false));
+        if (MayStartLine(i, state)) next.push_back(Append(i, state, true));
+      }
+      states = Cheapest(std::move(next));
+      for (State& state : states) {
+        steps_.push_back({state.column_of_line, state.last_step});
+        state.last_step = static_cast<int>(steps_.size()) - 1;
+      }
     }
-    if (!MustStartLine(i, state)) Search(i + 1, Append(i, state, false));
+    return *std::min_element(states.begin(), states.end(), IsCheaper);
+  }
+
+  static bool IsCheaper(const State& a, const State& b) {
+    return a.penalty < b.penalty;
+  }
+
+  // Of states that differ in their penalty only the cheapest; of those the
+  // cheapest kMaxStates.
+  static std::vector<State> Cheapest(std::vector<State> states) {
+    std::stable_sort(states.begin(), states.end(), IsCheaper);
+    std::set<Ints> keys;
+    std::vector<State> result;
+    for (State& state : states) {
+      if (result.size() == kMaxStates) break;
+      if (keys.insert(Key(state)).second) result.push_back(std::move(state));
+    }
+    return result;
+  }
+
+  // For each token the column of the line that it starts, or -1.
+  Ints ColumnsOfLines(const State& state) const {
+    Ints columns;
+    for (int step = state.last_step; step >= 0;) {
+      const Step& placed = steps_[static_cast<size_t>(step)];
+      columns.push_back(placed.column_of_line);
+      step = placed.before;
+    }
+    std::reverse(columns.begin(), columns.end());
+    return columns;
+  }
+
+  bool MayStartLine(size_t i, const State& state) const {
     const bool is_return_type_short =
         statement_.IsFunctionName(i) && state.column < kMinReturnTypeColumn;
     const bool is_fixed =
         statement_.IsMemberAccess(i) && !MayBreakChain(i, state.levels.back());
-    if (i > 0 && statement_.BreakPenalty(i) > 0 && !IsInMiddleOfLine(state) &&
-        !is_return_type_short && !is_fixed) {
-      Search(i + 1, Append(i, state, true));
-    }
+    return i > 0 && statement_.BreakPenalty(i) > 0 &&
+           !IsInMiddleOfLine(state) && !is_return_type_short && !is_fixed;
   }
 
   // Nothing follows template arguments or a function's argument on its last
@@ -134,9 +186,9 @@ class StatementBreaker {
             statement_.Text(statement_.EndOfMember(i)) != ",");
   }
 
-  // Whether no other way to this state had as low a penalty.
-  bool IsCheapest(size_t i, const State& state) {
-    std::vector<int> key = {static_cast<int>(i), state.column};
+  // What decides how the rest of the statement can be broken.
+  static Ints Key(const State& state) {
+    Ints key = {state.column, static_cast<int>(state.is_type_broken)};
     for (const Level& level : state.levels) {
       key.insert(key.end(),
                  {level.indent, level.last_start, level.expression_start,
@@ -149,10 +201,7 @@ class StatementBreaker {
                   static_cast<int>(level.is_broken_at_comma),
                   static_cast<int>(level.is_argument_broken)});
     }
-    const auto [known, is_new] = penalties_.emplace(key, state.penalty);
-    if (!is_new && known->second <= state.penalty) return false;
-    known->second = state.penalty;
-    return true;
+    return key;
   }
 
   // Whether the break would be in a call that is an argument, but neither the
@@ -166,6 +215,7 @@ class StatementBreaker {
   // have several; each ends after a character that is no letter or digit.
   Strings PiecesOf(size_t i, int column) const {
     std::string rest = statement_.Text(i);
+    if (rest[0] != '"') return {rest};
     Strings pieces;
     // What cannot be parted from the literal.
     int tail = 0;
@@ -174,7 +224,7 @@ class StatementBreaker {
       tail += static_cast<int>(statement_.Text(k).size());
     }
     const int size = kColumnLimit - column;
-    while (rest[0] == '"' && static_cast<int>(rest.size()) + tail > size) {
+    while (static_cast<int>(rest.size()) + tail > size) {
       const int limit = std::min(size - 1, static_cast<int>(rest.size()) - 2);
       if (limit <= 1) break;
       int end = limit;
@@ -202,7 +252,7 @@ class StatementBreaker {
     }
     const int excess_before = std::max(state.column - kColumnLimit, 0);
     const Strings pieces = PiecesOf(i, state.column);
-    state.penalty += kStringPenalty * static_cast<int>(pieces.size() - 1);
+    state.penalty += kStringPenalty * static_cast<int64_t>(pieces.size() - 1);
     if (pieces.size() > 1) state.levels.back().is_argument_broken = true;
     state.column += static_cast<int>(pieces.back().size());
     const int excess = std::max(state.column - kColumnLimit, 0);
@@ -254,7 +304,7 @@ class StatementBreaker {
     }
     if (statement_.StartsExpression(i)) StartExpression(*state, &level);
     level.last_start = state->column;
-    state->columns.push_back(state->column);
+    state->column_of_line = state->column;
   }
 
   int ColumnOfLine(size_t i, const Level& level) const {
@@ -288,7 +338,7 @@ class StatementBreaker {
 
   void ContinueLine(size_t i, State* state) const {
     if (statement_.FollowsSpace(i)) ++state->column;
-    state->columns.push_back(-1);
+    state->column_of_line = -1;
     if (i == 0) return;
     Level& level = state->levels.back();
     const std::string& before = statement_.Text(i - 1);
@@ -307,9 +357,7 @@ class StatementBreaker {
 
   const int indentation_;
   const Statement statement_;
-  int64_t best_penalty_ = INT64_MAX;
-  std::vector<int> best_columns_;
-  std::map<std::vector<int>, int64_t> penalties_;
+  std::vector<Step> steps_;
 };
 
 }  // namespace
