@@ -181,11 +181,20 @@ std::string FileGenerator::Header() const {
   )"));
 }
 
+std::string FileGenerator::DefaultInstances() const {
+  const std::string instances = ForMessages(&MessageGenerator::DefaultInstance);
+  return instances.empty() ? "" : Substitute({{"instances", instances}}, R"(
+      // The default instances: zeroed storage until InitScc constructs them.
+
+      $instances$
+  )");
+}
+
 std::string FileGenerator::Source() const {
   return BreakLongLines(Substitute(
       Combine(variables_,
               {{"scc_declarations", Paragraph(SccInfoDeclarations())},
-               {"instances", ForMessages(&MessageGenerator::DefaultInstance)},
+               {"instances", DefaultInstances()},
                {"scc_infos", ForMessages(&MessageGenerator::SccInfo)},
                {"enums", ForEnums(&EnumGenerator::Definition)},
                {"operations", ForMessages(&MessageGenerator::Operations)},
@@ -199,6 +208,7 @@ std::string FileGenerator::Source() const {
       #include "internal/copy_fields.h"
       #include "internal/encoded_size.h"
       #include "internal/enum_names.h"
+      #include "internal/merge_scalars.h"
       #include "internal/message_operations.h"
       #include "internal/parse_entry_points.h"
       #include "internal/read_repeated.h"

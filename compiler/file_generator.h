@@ -35,6 +35,7 @@ class FileGenerator {
 
   std::string IncludesOfHeader() const;
   std::string SccInfoDeclarations() const;
+  std::string DefaultInstances() const;
 
   const google::protobuf::FileDescriptor* const file_;
   const Variables variables_;

@@ -83,6 +83,20 @@ bool MessageGenerator::HasSubMessages() const {
   });
 }
 
+Variables MessageGenerator::GroupVariables(
+    const std::vector<const FieldGenerator*>& group) const {
+  const std::string first = group.front()->name();
+  const std::string last = group.back()->name();
+  return Combine(
+      variables_,
+      {{"first", first},
+       {"last", last},
+       {"count", std::to_string(group.size())},
+       {"tag", group.front()->raw_tag()},
+       {"tag_value", group.front()->tag_value()},
+       {"comment", first == last ? "" : "// " + first + " to " + last}});
+}
+
 std::string MessageGenerator::DefaultInstance() const {
   const std::string accessors =
       ForFields(&FieldGenerator::InternalAccessorDeclaration);
@@ -98,7 +112,6 @@ std::string MessageGenerator::DefaultInstance() const {
   )");
   return Substitute(Combine(variables_, {{"internal_class", internal_class}}),
                     R"(
-      // Zeroed storage until InitDefaults$scc_info$ is called.
       class $Class$DefaultTypeInternal {
        public:
         ::google::protobuf::internal::ExplicitlyConstructed<$SafeClass$> instance;

@@ -64,11 +64,16 @@ class MessageGenerator {
   std::string Constructors() const;
   std::string Destructor() const;
   std::string DefaultInstanceOperations() const;
-  std::string ClearAndMerge() const;
-  std::string CopyScalars() const;
+  std::string Arena() const;
+  std::string Clearing() const;
+  std::string Merging() const;
+  std::string Copying() const;
+  std::string Swapping() const;
   std::string Serialization() const;
   std::string SizeFields() const;
+  std::string AddSizes(const std::vector<const FieldGenerator*>& group) const;
   std::string SerializeFields() const;
+  std::string WriteFloats(const std::vector<const FieldGenerator*>& run) const;
   // The fields of a message that has one run of small fields and no others.
   std::string SerializeOneRun(const std::string& run, int size) const;
   // The floats with consecutive field numbers from the field at `begin` on, if
@@ -81,6 +86,11 @@ class MessageGenerator {
   // The scalars in the order in which they are members, those of one kind
   // together.
   std::vector<std::vector<const FieldGenerator*>> ScalarGroups() const;
+  // variables() with those of fields that one call takes together: $first$,
+  // $last$, $count$, $tag$ and $tag_value$ of the first; and $comment$, which
+  // names the fields if there are several.
+  Variables GroupVariables(
+      const std::vector<const FieldGenerator*>& group) const;
   // The message types of the fields, each once, in the order of their names.
   std::vector<const google::protobuf::Descriptor*> Dependencies() const;
   bool NeedsSccInfoCheck() const;

@@ -20,41 +20,6 @@ constexpr size_t kMaxFloatRun = kMaxSpace / (2 + sizeof(float));
 
 using Fields = std::vector<const FieldGenerator*>;
 
-std::string AddSizes(const Fields& group) {
-  const auto two_byte_tags = static_cast<size_t>(
-      std::count_if(group.begin(), group.end(),
-                    [](const auto* field) { return field->tag_size() == 2; }));
-  const std::string kind = group.front()->size_kind();
-  return Substitute({{"kind", kind},
-                     {"one_byte", std::to_string(group.size() - two_byte_tags)},
-                     {"two_byte", std::to_string(two_byte_tags)},
-                     {"internal", group.front()->internal_namespace()},
-                     {"scalars", group.front()->scalars()},
-                     {"first", group.front()->name()},
-                     {"last", group.back()->name()}},
-                    kind == "Bool" ? R"(
-      // $first$ to $last$
-      size += $internal$::BoolFieldsSize<$one_byte$, $two_byte$>(&$scalars$.$first$);
-  )"
-                                   : R"(
-      // $first$ to $last$
-      sizes.Add<$internal$::$kind$Sizes, $one_byte$, $two_byte$>(&$scalars$.$first$);
-  )");
-}
-
-std::string WriteFloats(const Fields& run) {
-  return Substitute({{"first_tag", run.front()->tag_value()},
-                     {"count", std::to_string(run.size())},
-                     {"internal", run.front()->internal_namespace()},
-                     {"scalars", run.front()->scalars()},
-                     {"first", run.front()->name()},
-                     {"last", run.back()->name()}},
-                    R"(
-      // $first$ to $last$
-      p = $internal$::WriteFloatFields<$first_tag$, $count$>(p, &$scalars$.$first$);
-  )");
-}
-
 }  // namespace
 
 std::vector<Fields> MessageGenerator::ScalarGroups() const {
@@ -69,6 +34,33 @@ std::vector<Fields> MessageGenerator::ScalarGroups() const {
     if (!group.empty()) groups.push_back(group);
   }
   return groups;
+}
+
+std::string MessageGenerator::AddSizes(const Fields& group) const {
+  const auto two_byte_tags = static_cast<size_t>(
+      std::count_if(group.begin(), group.end(),
+                    [](const auto* field) { return field->tag_size() == 2; }));
+  const std::string kind = group.front()->size_kind();
+  return Substitute(
+      Combine(GroupVariables(group),
+              {{"kind", kind},
+               {"one_byte", std::to_string(group.size() - two_byte_tags)},
+               {"two_byte", std::to_string(two_byte_tags)}}),
+      kind == "Bool" ? R"(
+      $comment$
+      size += $internal$::BoolFieldsSize<$one_byte$, $two_byte$>(&$scalars$.$first$);
+  )"
+                     : R"(
+      $comment$
+      sizes.Add<$internal$::$kind$Sizes, $one_byte$, $two_byte$>(&$scalars$.$first$);
+  )");
+}
+
+std::string MessageGenerator::WriteFloats(const Fields& run) const {
+  return Substitute(GroupVariables(run), R"(
+      $comment$
+      p = $internal$::WriteFloatFields<$tag_value$, $count$>(p, &$scalars$.$first$);
+  )");
 }
 
 // Scalars of one kind have their sizes taken together, unless there is one

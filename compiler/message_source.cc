@@ -9,8 +9,9 @@ namespace vantiro {
 namespace compiler {
 std::string MessageGenerator::Operations() const {
   return "// " + message_->full_name() + "\n\n" + ExportedAccessors() +
-         Constructors() + DefaultInstanceOperations() + ClearAndMerge() +
-         Serialization() + Parsing() + TypeInformation();
+         Constructors() + DefaultInstanceOperations() + Clearing() + Merging() +
+         Copying() + Swapping() + Serialization() + Parsing() +
+         TypeInformation();
 }
 
 std::string MessageGenerator::ExportedAccessors() const {
@@ -121,87 +122,6 @@ std::string MessageGenerator::DefaultInstanceOperations() const {
   )");
 }
 
-std::string MessageGenerator::ClearAndMerge() const {
-  const std::string arena = has_arenas_ && HasSubMessages()
-                                ? "::google::protobuf::Arena* const arena = "
-                                  "GetArenaForAllocation();\n"
-                                : "";
-  const std::string clear_scalars =
-      !HasScalars() ? "" : Substitute(variables_, R"(
-      $scalars$ = $Scalars$();
-  )");
-  const std::string swap_scalars =
-      !HasScalars() ? "" : Substitute(variables_, R"(
-      ::std::swap($scalars$, other->$scalars$);
-  )");
-  const std::string clear = arena + ForFields(&FieldGenerator::Clear) +
-                            clear_scalars +
-                            "_internal_metadata_.Clear<::std::string>();\n";
-  const std::string merge =
-      IfDefaultInstance("&from", "return;") +
-      "_internal_metadata_.MergeFrom<::std::string>(from._internal_metadata_);"
-      "\n" +
-      arena + ForFields(&FieldGenerator::Merge);
-  const std::string copy = Substitute(variables_, R"(
-      if (target == $internal$::CopyTarget::kNew) SetCachedSize(0);
-      $internal$::CopyUnknownFields(from._internal_metadata_, &_internal_metadata_);
-  )") + arena + ForFields(&FieldGenerator::Copy) +
-                           CopyScalars();
-  const std::string swap =
-      "_internal_metadata_.Swap<::std::string>(&other->_internal_metadata_);"
-      "\n" +
-      ForFields(&FieldGenerator::Swap) + swap_scalars;
-  return Substitute(
-      Combine(
-          variables_,
-          {{"clear", Function("void $Class$::Clear()", clear)},
-           {"merge",
-            Function("void $Class$::MergeFrom(const $Class$& from)", merge)},
-           {"clear_only", IfDefaultInstance("&from", "return Clear();")},
-           {"copy", Function("void $Class$::CopyFields(const $Class$& from, "
-                             "$internal$::CopyTarget target)",
-                             copy)},
-           {"swap",
-            Function("void $Class$::InternalSwap($Class$* other)", swap)}}),
-      R"(
-      $clear$
-
-      $merge$
-
-      void $Class$::CopyFrom(const $Class$& from) {
-        if (&from == this) return;
-        $clear_only$
-        CopyFields(from, $internal$::CopyTarget::kCleared);
-      }
-
-      $copy$
-
-      void $Class$::CheckTypeAndMergeFrom(const ::google::protobuf::MessageLite& from) { $internal$::MergeUnchecked(from, this); }
-
-      $swap$
-
-  )");
-}
-
-std::string MessageGenerator::CopyScalars() const {
-  if (!HasScalars()) return "";
-  std::string result = Substitute(variables_, R"(
-      $scalars$ = from.$scalars$;
-  )");
-  for (const auto& group : ScalarGroups()) {
-    if (group.front()->size_kind() != "Float") continue;
-    result +=
-        Substitute(Combine(variables_, {{"count", std::to_string(group.size())},
-                                        {"first", group.front()->name()},
-                                        {"last", group.back()->name()}}),
-                   R"(
-      // $first$ to $last$
-      $internal$::DropNegativeZeros<$count$>(&$scalars$.$first$);
-    )");
-  }
-  return result;
-}
-
 // Floats with consecutive numbers are read together if all of them are there.
 std::string MessageGenerator::ParseFields() const {
   std::string result;
@@ -213,15 +133,9 @@ std::string MessageGenerator::ParseFields() const {
     result +=
         floats.empty()
             ? fields
-            : Substitute(Combine(variables_,
-                                 {{"tag", floats.front()->raw_tag()},
-                                  {"tag_value", floats.front()->tag_value()},
-                                  {"count", std::to_string(floats.size())},
-                                  {"first", floats.front()->name()},
-                                  {"last", floats.back()->name()},
-                                  {"fields", fields}}),
+            : Substitute(Combine(GroupVariables(floats), {{"fields", fields}}),
                          R"(
-      // $first$ to $last$
+      $comment$
       if ($internal$::IsNext(tag, $tag$) && $internal$::AreFloatsNext<$tag_value$, $count$>(p, end)) {
         p = $internal$::ReadFloatFields<$tag_value$, $count$>(p, &self->$scalars$.$first$);
         tag = $PeekTag$(p, end);
@@ -242,10 +156,8 @@ std::string MessageGenerator::Parsing() const {
           const ::uint8_t* const start = p;
           $fields$
           if (p != start) continue;
-          const $internal$::NextTag next = $internal$::HandleUnexpectedTag(p, end, tag, &self->_internal_metadata_, state);
-          if (next.p == nullptr || state->ended_at_invalid_tag) return next.p;
-          p = next.p;
-          tag = next.tag;
+          p = $internal$::HandleUnexpectedTag(p, end, &tag, &self->_internal_metadata_, state);
+          if (p == nullptr) return nullptr;
         }
         return p;
       }

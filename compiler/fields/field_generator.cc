@@ -69,8 +69,7 @@ std::string FieldGenerator::ParseWhenTag(const std::string& read) const {
       R"(
       $loop$ ($internal$::IsNext(tag, $tag$)) {  // $name$
         p = $read$;
-        if (p == nullptr) return nullptr;
-        tag = $PeekTag$(p, end);
+        if (!$PeekTag$After(p, end, &tag)) return nullptr;
       }
   )");
 }

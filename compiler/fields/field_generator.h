@@ -28,7 +28,6 @@ class FieldGenerator {
   const std::string& raw_tag() const { return variables_.at("tag"); }
   const std::string& tag_value() const { return variables_.at("tag_value"); }
   // The member that holds all scalars of the class.
-  const std::string& scalars() const { return variables_.at("scalars"); }
   // What the source calls the namespace of lib/internal.
   const std::string& internal_namespace() const {
     return variables_.at("internal");

@@ -95,8 +95,7 @@ std::string RepeatedScalarFieldGenerator::Parse() const {
   return Substitute(Combine(variables(), {{"Read", ReadFunction()}}), R"(
       while ($internal$::IsNext(tag, $tag$) || tag == $unpacked_tag$) {  // $name$
         p = $Read$(p + $tag_size$, end, tag, $tag$, *state, &self->$name$_);
-        if (p == nullptr) return nullptr;
-        tag = $PeekTag$(p, end);
+        if (!$PeekTag$After(p, end, &tag)) return nullptr;
       }
   )");
 }

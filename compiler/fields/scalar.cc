@@ -51,8 +51,7 @@ std::string ScalarFieldGenerator::Parse() const {
   return Substitute(variables(), R"(
       if ($internal$::IsNext(tag, $tag$)) {  // $name$
         p = $internal$::Read$Kind$(p + $tag_size$, end, &self->$scalars$.$name$);
-        if (p == nullptr) return nullptr;
-        tag = $PeekTag$(p, end);
+        if (!$PeekTag$After(p, end, &tag)) return nullptr;
       }
   )");
 }

@@ -24,15 +24,6 @@ namespace internal {
 // Merging a field whose value in the other message is `value`, or `from`. What
 // would not be written is not merged.
 
-template <typename T>
-void MergeScalar(T value, T* field) {
-  if (value != 0) *field = value;
-}
-
-inline void MergeScalar(float value, float* field) {
-  if (IsNonZero(value)) *field = value;
-}
-
 inline void MergeString(const google::protobuf::internal::ArenaStringPtr& from,
                         google::protobuf::Arena* arena,
                         google::protobuf::internal::ArenaStringPtr* field) {

@@ -31,9 +31,9 @@ const char* ParseFlattened(MessageLite* message, FlatParser parser,
   p = Flatten(p, context, &flattened);
   ParseState state(context->depth(), &flattened);
   if (parser(message, flattened.begin(), flattened.end(), &state) == nullptr) {
-    return nullptr;
+    if (state.invalid_tag == nullptr) return nullptr;
+    context->SetLastTag(0);
   }
-  if (state.ended_at_invalid_tag) context->SetLastTag(0);
   return p;
 }
 
@@ -43,10 +43,10 @@ bool MergeFlattened(MessageLite* message, FlatParser parser,
   Flatten(input, &flattened);
   ParseState state(input->RecursionBudget(), &flattened);
   if (parser(message, flattened.begin(), flattened.end(), &state) == nullptr) {
-    return false;
+    // ReadTag at the end of the stream would make this a legitimate end.
+    return state.invalid_tag != nullptr;
   }
-  // ReadTag at the end of the stream would make this a legitimate end.
-  if (!state.ended_at_invalid_tag) input->ReadTag();
+  input->ReadTag();
   return true;
 }
 
@@ -59,12 +59,11 @@ const char* ParseFromContext(MessageLite* message, FlatParser parser,
     return ParseFlattened(message, parser, p, context);
   }
   ParseState state(context->depth());
-  const uint8_t* const end =
-      parser(message, ToBytes(p), ToBytes(p + size), &state);
-  if (end == nullptr) return nullptr;
-  if (state.ended_at_invalid_tag) {
+  const uint8_t* const end = ToBytes(p + size);
+  if (parser(message, ToBytes(p), end, &state) == nullptr) {
+    if (state.invalid_tag == nullptr) return nullptr;
     context->SetLastTag(0);
-    const Varint tag = ReadVarint(end, ToBytes(p + size));
+    const Varint tag = ReadVarint(state.invalid_tag, end);
     return tag.next == nullptr ? p + size : p + (tag.next - ToBytes(p));
   }
   p += size;
@@ -85,7 +84,8 @@ bool MergeFromCodedStream(MessageLite* message, FlatParser parser,
   }
   ParseState state(input->RecursionBudget());
   const uint8_t* const begin = ToBytes(chunk);
-  const uint8_t* const end = parser(message, begin, begin + size, &state);
+  const uint8_t* end = parser(message, begin, begin + size, &state);
+  if (end == nullptr) end = state.invalid_tag;
   if (end == nullptr) return false;
   // The stream then reads a tag where the parse ended, as a parser on the
   // stream would have: at the end of the input, or the tag that ended the

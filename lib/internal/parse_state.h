@@ -25,20 +25,18 @@ struct ParseState {
   // How many more levels of nesting may be entered.
   int recursion_budget;
   const int root_budget;
-  // The parse of the root message ended before its input did: at a tag of value
-  // 0 or at a tag that the end of the input truncates. The parser then returns
-  // the position of that tag.
-  bool ended_at_invalid_tag = false;
+  // Where the parse of the root message ended without failure before its input
+  // did: at a tag of value 0 or at a tag that the end of the input truncates.
+  const uint8_t* invalid_tag = nullptr;
   InputBounds bounds;
   // Where messages on an arena are created.
   ArenaChunk chunk;
 };
 
 // The parser of one class: reads fields from [p, end) into `message`, which is
-// of that class. Returns `end`; or, for the root message, the position of the
-// tag that ended the parse (ParseState::ended_at_invalid_tag); or null on
-// failure. Reads nothing outside [p, end). What was read before a failure stays
-// in the message.
+// of that class. Returns `end`, or null on failure and at an invalid tag of the
+// root message (ParseState::invalid_tag). Reads nothing outside [p, end). What
+// was read before a failure stays in the message.
 //
 // Records are written in the order of field numbers, so emitted parsers look
 // for each field after the one before it. Fields in another order need another

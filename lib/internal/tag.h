@@ -53,6 +53,22 @@ __attribute__((always_inline)) inline RawTag PeekOneByteTag(
   return __builtin_expect(p == end, false) ? 0 : p[0];
 }
 
+// The same after a field that was read up to `p`: sets `*tag`. False if `p` is
+// null, since the field could not be read.
+__attribute__((always_inline)) inline bool PeekTagAfter(const uint8_t* p,
+                                                        const uint8_t* end,
+                                                        RawTag* tag) {
+  if (p == nullptr) return false;
+  *tag = PeekTag(p, end);
+  return true;
+}
+__attribute__((always_inline)) inline bool PeekOneByteTagAfter(
+    const uint8_t* p, const uint8_t* end, RawTag* tag) {
+  if (p == nullptr) return false;
+  *tag = PeekOneByteTag(p, end);
+  return true;
+}
+
 // Whether `tag` is `next`, the tag of the field that a parser expects. Most
 // often it is. Told so, the compiler places the code of the fields one after
 // another in the order in which they come.

@@ -8,14 +8,13 @@ namespace internal {
 namespace {
 
 NextTag EndAtInvalidTag(const uint8_t* p, ParseState* state) {
-  if (!state->in_root()) return {nullptr, 0};
-  state->ended_at_invalid_tag = true;
-  return {p, 0};
+  if (state->in_root()) state->invalid_tag = p;
+  return {nullptr, 0};
 }
 
 }  // namespace
 
-NextTag HandleUnexpectedTag(
+NextTag ReadUnexpectedTag(
     const uint8_t* p, const uint8_t* end, RawTag raw,
     google::protobuf::internal::InternalMetadata* metadata, ParseState* state) {
   uint32_t tag = FromRawTag(raw);

@@ -20,20 +20,32 @@ struct NextTag {
   RawTag tag;
 };
 
+// See HandleUnexpectedTag, which emitted code calls.
+NextTag ReadUnexpectedTag(
+    const uint8_t* p, const uint8_t* end, RawTag tag,
+    google::protobuf::internal::InternalMetadata* metadata, ParseState* state);
+
 // Called by a parser at `p`, before `end`, when none of its fields matched
-// `tag`, which is what PeekTag gave for `p`.
+// `*tag`, which is what PeekTag gave for `p`. Sets it to the tag that the
+// parser continues with, and returns where, or null if the parse ends.
 //
-// - An overlong tag that has a raw tag: returns the raw tag, and a position for
+// - An overlong tag that has a raw tag: gives the raw tag, and a position for
 //   which the value starts RawTagSize bytes later. The parser then tries its
 //   fields again.
 // - A field that the message does not declare, or declares with another wire
 //   type: appends it to the unknown fields in canonical form.
 // - A tag of value 0, or one that the end of the input truncates: fails in a
-//   sub-message. In the root message it ends the parse
-//   (ParseState::ended_at_invalid_tag).
-NextTag HandleUnexpectedTag(
-    const uint8_t* p, const uint8_t* end, RawTag tag,
-    google::protobuf::internal::InternalMetadata* metadata, ParseState* state);
+//   sub-message. In the root message it ends the parse without failure
+//   (ParseState::invalid_tag).
+//
+// Inline, so that the parser's `tag` can stay in a register.
+inline const uint8_t* HandleUnexpectedTag(
+    const uint8_t* p, const uint8_t* end, RawTag* tag,
+    google::protobuf::internal::InternalMetadata* metadata, ParseState* state) {
+  const NextTag next = ReadUnexpectedTag(p, end, *tag, metadata, state);
+  *tag = next.tag;
+  return next.p;
+}
 
 }  // namespace internal
 }  // namespace vantiro
