@@ -75,7 +75,7 @@ struct State {
 // The states that the search keeps for each token: so many that the best way to
 // break a statement of the templates is never dropped, and so few that an
 // initialiser list of thousands of names takes no longer than its length.
-constexpr size_t kMaxStates = 50;
+constexpr size_t kMaxStates = 30;
 
 class StatementBreaker {
  public:
