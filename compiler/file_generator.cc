@@ -111,10 +111,10 @@ std::string FileGenerator::SccInfoDeclarations() const {
   std::map<std::string, const Descriptor*> needed;
   for (const auto& generator : messages_) {
     const Descriptor* message = generator->descriptor();
-    needed[SetUpRecordName(message)] = message;
+    needed[SccInfoName(message)] = message;
     for (int i = 0; i < message->field_count(); ++i) {
       const Descriptor* type = message->field(i)->message_type();
-      if (type != nullptr) needed[SetUpRecordName(type)] = type;
+      if (type != nullptr) needed[SccInfoName(type)] = type;
     }
   }
   std::string result;

@@ -33,7 +33,7 @@ MessageGenerator::MessageGenerator(const Descriptor* message)
       variables_({{"Class", ClassName(message)},
                   {"QualifiedClass", QualifiedName(message)},
                   {"default_instance", DefaultInstanceName(message)},
-                  {"scc_info", SetUpRecordName(message)},
+                  {"scc_info", SccInfoName(message)},
                   {"full_name", message->full_name()},
                   {"PeekTag", PeekFunction(message)},
                   {"SafeClass", SafeName(message)},
@@ -124,7 +124,7 @@ std::string MessageGenerator::DefaultInstance() const {
 std::string MessageGenerator::SccInfo() const {
   std::string dependencies;
   for (const Descriptor* dependency : Dependencies()) {
-    dependencies += ", &" + SetUpRecordName(dependency);
+    dependencies += ", &" + SccInfoName(dependency);
   }
   return Substitute(
       Combine(variables_, {{"count", std::to_string(Dependencies().size())},

@@ -156,7 +156,7 @@ std::string ScalarsName(const Descriptor* message) {
   return FreeMemberName(message, "scalars_");
 }
 
-std::string SetUpRecordName(const Descriptor* message) {
+std::string SccInfoName(const Descriptor* message) {
   return "scc_info_" + ClassName(message) + "_" +
          Mangle(message->file()->name());
 }

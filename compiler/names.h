@@ -51,7 +51,7 @@ std::string ScalarsType(const google::protobuf::Descriptor* message);
 std::string ScalarsName(const google::protobuf::Descriptor* message);
 
 // "scc_info_<Class>_<unit>_2eproto".
-std::string SetUpRecordName(const google::protobuf::Descriptor* message);
+std::string SccInfoName(const google::protobuf::Descriptor* message);
 
 // "k<Field>FieldNumber", the field's name in camel case.
 std::string FieldNumberName(const google::protobuf::FieldDescriptor* field);

@@ -16,7 +16,7 @@ namespace {
 // Penalties of clang-format's Google style. That of a break depends on its
 // place (BreakPenalty); each level of nesting adds kNestingPenalty, and the
 // first break of a level kFirstBreakPenalty.
-constexpr int64_t kExcessPenalty = 1000000;
+constexpr int64_t kOverflowPenalty = 1000000;
 constexpr int64_t kStringPenalty = 1000;
 constexpr int kNestingPenalty = 20;
 constexpr int kFirstBreakPenalty = 15;
@@ -250,13 +250,13 @@ class StatementBreaker {
     } else {
       ContinueLine(i, &state);
     }
-    const int excess_before = std::max(state.column - kColumnLimit, 0);
+    const int overflow_before = std::max(state.column - kColumnLimit, 0);
     const Strings pieces = PiecesOf(i, state.column);
     state.penalty += kStringPenalty * static_cast<int64_t>(pieces.size() - 1);
     if (pieces.size() > 1) state.levels.back().is_argument_broken = true;
     state.column += static_cast<int>(pieces.back().size());
-    const int excess = std::max(state.column - kColumnLimit, 0);
-    state.penalty += kExcessPenalty * (excess - excess_before);
+    const int overflow = std::max(state.column - kColumnLimit, 0);
+    state.penalty += kOverflowPenalty * (overflow - overflow_before);
     if (statement_.Opens(i)) {
       const bool is_in_middle =
           !state.levels.back().argument_starts_line &&

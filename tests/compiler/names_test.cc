@@ -95,7 +95,7 @@ TEST(Names, NestedMessagesAreCalledByTheirPathInTheFile) {
   EXPECT_EQ(QualifiedName(most(bare)), "::Outer_Inner_Most");
   EXPECT_EQ(DefaultInstanceName(most(file)),
             "_Outer_Inner_Most_default_instance_");
-  EXPECT_EQ(SetUpRecordName(most(file)),
+  EXPECT_EQ(SccInfoName(most(file)),
             "scc_info_Outer_Inner_Most_my_2dunit_2ev2_5fa_2eproto");
 }
 
