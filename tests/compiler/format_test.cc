@@ -60,8 +60,8 @@ std::string Name(size_t size, char first, const std::string& rest) {
   return name.substr(0, size);
 }
 
-// An enum and messages with fields of every kind whose names have `size`
-// letters.
+// An enum and messages with comments and fields of every kind whose names have
+// `size` letters.
 std::string TypesWithNamesOf(size_t size) {
   const std::string number = std::to_string(size);
   const std::string type = Name(size, 'T', "ypeName") + number;
@@ -69,6 +69,7 @@ std::string TypesWithNamesOf(size_t size) {
   const std::string field = Name(size, 'f', "ield_name");
   const std::string value = Name(size, 'V', "ALUE_");
   std::string text = "enum " + kind + " { " + value + number + " = 0; }\n";
+  text += "// Of " + field + " and " + value + " and others.\n";
   text += "message " + type + " {\n  message Nested { " + kind + " " + field +
           " = 1; }\n";
   int tag = 0;
@@ -79,6 +80,7 @@ std::string TypesWithNamesOf(size_t size) {
         "repeated " + kind, std::string("Nested"),
         std::string("repeated Nested"), type, "repeated " + type}) {
     ++tag;
+    text += "  // " + field + field + ", " + value + " and more.\n";
     text += "  " + field_type + " " + field + static_cast<char>('a' + tag) +
             " = " + std::to_string(10 * tag) + ";\n";
   }

@@ -154,7 +154,7 @@ class Writer {
   }
 
   void WriteFields() {
-    OpenInPackage("field.proto", "as_field.");
+    OpenInPackage("as-field.v1.proto", "as_field.");
     Line("option cc_enable_arenas = true;");
     Line("message Sub {}");
     Line("enum Kind { KIND_NONE = 0; }");
