@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 namespace vantiro {
 namespace tests {
@@ -45,6 +46,24 @@ std::string ReadData(const std::string& name) {
   EXPECT_TRUE(file.good()) << "cannot read tests/data/" << name;
   return {std::istreambuf_iterator<char>(file),
           std::istreambuf_iterator<char>()};
+}
+
+std::vector<std::vector<std::string>> ReadTable(const std::string& name,
+                                                size_t columns) {
+  std::vector<std::vector<std::string>> rows;
+  std::istringstream lines(ReadData(name));
+  for (std::string line; std::getline(lines, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    std::istringstream stream(line);
+    std::vector<std::string> row;
+    for (std::string column; std::getline(stream, column, '\t');) {
+      row.push_back(column);
+    }
+    EXPECT_EQ(row.size(), columns) << line;
+    row.resize(columns);
+    rows.push_back(row);
+  }
+  return rows;
 }
 
 std::vector<std::string> RecordTypes() {

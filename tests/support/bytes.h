@@ -25,6 +25,11 @@ testing::AssertionResult AreSame(const std::string& got,
 // The content of a file below tests/data. Fails the test if there is none.
 std::string ReadData(const std::string& name);
 
+// The lines of a file below tests/data, but those that are empty or begin with
+// #, as columns between tabs. Fails the test at a line of more or less columns.
+std::vector<std::vector<std::string>> ReadTable(const std::string& name,
+                                                size_t columns);
+
 // The message types of the files in tests/data/records, sorted: <type>.bin
 // holds a record's bytes, <type>.txtpb the same in text format.
 std::vector<std::string> RecordTypes();

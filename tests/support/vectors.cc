@@ -1,23 +1,12 @@
 #include "tests/support/vectors.h"
 
-#include <gtest/gtest.h>
-
-#include <sstream>
-
 #include "tests/support/bytes.h"
 
 namespace vantiro {
 namespace tests {
 namespace {
 
-Vector ParseLine(const std::string& line) {
-  std::vector<std::string> columns;
-  std::istringstream stream(line);
-  for (std::string column; std::getline(stream, column, '\t');) {
-    columns.push_back(column);
-  }
-  EXPECT_EQ(columns.size(), 10u) << line;
-  columns.resize(10);
+Vector ParseRow(const std::vector<std::string>& columns) {
   return {columns[0],
           columns[1],
           columns[2],
@@ -38,9 +27,8 @@ Vector ParseLine(const std::string& line) {
 const std::vector<Vector>& AllVectors() {
   static const auto* const vectors = [] {
     auto* const result = new std::vector<Vector>;
-    std::istringstream file(ReadData("vectors.tsv"));
-    for (std::string line; std::getline(file, line);) {
-      if (!line.empty() && line[0] != '#') result->push_back(ParseLine(line));
+    for (const auto& row : ReadTable("vectors.tsv", 10)) {
+      result->push_back(ParseRow(row));
     }
     return result;
   }();

@@ -112,46 +112,6 @@ TEST_F(ProtoJson, WithAllMembersHoldsTheWholeRecord) {
   });
 }
 
-struct Case {
-  const char* type;
-  const char* json;
-  const char* hex;
-};
-
-TEST(Json, ReadsOtherNotations) {
-  for (const Case& c : std::vector<Case>{
-           {"FaceRoiType", R"({"field1": 1e3})", "08 e8 07"},
-           {"FaceRoiType", R"({"field1": 2.0})", "08 02"},
-           {"FaceRoiType", R"({"field1": null, "regionDimensionList": null})",
-            ""},
-           {"SensorHWLimit", R"({"field1": -9007199254740992.0})",
-            "08 ff ff ff ff ff ff ff 1f"},
-           {"RegionDimension", R"({"field1": "1e-60", "field7": "7"})",
-            "38 07"},
-           {"RegionDimension",
-            R"({"@nan": {"field1": "0xffc00001"},)"
-            R"("field1": "NaN"})",
-            "0d 01 00 c0 ff"},
-           {"ZhawbInformation",
-            R"({"@nan": {"field2[1]": "0x7f800001"},)"
-            R"("field2": [0, "NaN"]})",
-            "12 08 00 00 00 00 01 00 80 7f"},
-           {"ZHawbDebugCameraInformation", R"({"field8": "-_8"})",
-            "42 02 fb ff"},
-           {"ZHawbDebugCameraInformation", R"({"field8": "+/8="})",
-            "42 02 fb ff"},
-           {"ZHawbDebugCameraInformation",
-            R"({"@not_utf8": {"sensorName": "c328"}, "@error": {}})",
-            "0a 02 c3 28"},
-           {"ZAfManualFocusConfig", R"({"field1": "kDiopter"})", "08 01"},
-           {"ZAfManualFocusConfig", R"({"field1": 99})", "08 63"}}) {
-    EXPECT_EQ(ToHex(Serialize(
-                  ReadJson(Schema::BuiltIn().FindMessage(c.type), c.json))),
-              c.hex)
-        << c.json;
-  }
-}
-
 }  // namespace
 }  // namespace tools
 }  // namespace vantiro
