@@ -6,9 +6,10 @@
 #include <google/protobuf/stubs/logging.h>
 #include <gtest/gtest.h>
 
-#include <iostream>
+#include <random>
 
 #include "tests/conformance/model/checked_message.h"
+#include "tests/conformance/model/samples.h"
 #include "tests/support/bytes.h"
 
 namespace vantiro {
@@ -100,6 +101,25 @@ TEST(Records, AreWrittenAsTheyWereRead) {
       EXPECT_TRUE(
           ReadByAllEntryPoints(FindType(name), input, &written).complete);
       EXPECT_TRUE(AreSame(written, bytes)) << name;
+    }
+  }
+}
+
+// Values of every size, in whatever space is left: records as a whole, and cut
+// off.
+TEST(Records, OfRandomValuesAreReadAsByTheModel) {
+  std::mt19937 random(1);
+  std::string written;
+  for (const Type& type : AllTypes()) {
+    for (int i = 0; i < 30; ++i) {
+      const std::string record =
+          RandomRecord(type, Values::kExtreme, &random, 1);
+      ReadByAllEntryPoints(type, {record}, &written);
+      for (int cut = 0; cut < 4; ++cut) {
+        const auto inputs =
+            InputsOf(record.substr(0, random() % (record.size() + 1)));
+        ReadByAllEntryPoints(type, inputs[random() % inputs.size()], &written);
+      }
     }
   }
 }

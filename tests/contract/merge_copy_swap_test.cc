@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
 #include <utility>
 
 #include "tests/conformance/model/checked_message.h"
@@ -14,20 +15,29 @@ namespace vantiro {
 namespace tests {
 namespace {
 
-// Merges unpacked elements and then a packed run into each repeated field of
-// scalars. What is read depends on its capacity.
-void ExpectCapacityOfTheModel(const Type& type, CheckedMessage* message) {
+// An unpacked element and then a packed run for each repeated field of scalars
+// of a message and of its sub-messages. To a field with spare capacity, the
+// length of the run is one more element, and what follows it are other fields.
+std::string LookAheadBytes(const Type& type, int depth) {
+  std::string bytes;
   for (const auto& [number, field] : type.fields) {
-    if (!field.is_repeated || field.kind == Kind::MESSAGE) continue;
-    // No record repeats bools, and their least capacity is the runtime's.
-    if (field.kind == Kind::BOOL) continue;
-    const std::string element = Element(field.kind, 2);
-    std::string bytes;
-    for (int i = 0; i < 5; ++i) {
-      bytes += Tag(number, TypeOf(field.kind)) + element;
-      message->Merge({bytes + Delimited(number, element + element)});
+    if (field.kind == Kind::MESSAGE) {
+      if (depth == 0) continue;
+      bytes += Delimited(number, LookAheadBytes(*field.type, depth - 1));
+    } else if (field.is_repeated && field.kind != Kind::BOOL) {
+      // No record repeats bools, and their least capacity is the runtime's.
+      bytes += Tag(number, TypeOf(field.kind)) + Element(field.kind, 1) +
+               Delimited(number, FromHex(field.kind == Kind::FLOAT
+                                             ? "01 02 03 08 81 80 80 00"
+                                             : "08 01"));
     }
   }
+  return bytes;
+}
+
+void ExpectCapacityOfTheModel(const Type& type, CheckedMessage* message) {
+  const std::string bytes = LookAheadBytes(type, 2);
+  for (int i = 0; i < 6; ++i) message->Merge({bytes});
   message->Serialize();
 }
 
@@ -87,6 +97,42 @@ using OperationsOnEveryType = LeavesNothing;
 TEST_F(OperationsOnEveryType, KeepTheContentThatTheModelKeeps) {
   for (const Type& type : AllTypes()) {
     ExpectOperationsLikeTheModels(type, Sample(type, 1), Sample(type, 2));
+  }
+}
+
+TEST_F(OperationsOnEveryType, KeepTheContentOfRandomRecords) {
+  std::mt19937 random(1);
+  for (const Type& type : AllTypes()) {
+    const auto record = [&] {
+      return RandomRecord(type, Values::kExtreme, &random, 1);
+    };
+    for (int i = 0; i < 20; ++i) {
+      ExpectOperationsLikeTheModels(type, record(), record());
+    }
+  }
+}
+
+// A copy clears first, which frees sub-messages: they, and what is below them,
+// have no other capacities than new ones.
+TEST_F(OperationsOnEveryType, CopyAsIfTheTargetsSubMessagesWereNew) {
+  std::mt19937 random(1);
+  for (const Type& type : AllTypes()) {
+    Arena arena;
+    const auto merge = [&](int times, CheckedMessage* message) {
+      for (; times > 0; --times) {
+        message->Merge({RandomRecord(type, Values::kExtreme, &random, 2)});
+      }
+    };
+    for (int held = 0; held < 4; ++held) {
+      for (int copied = 0; copied < 4; ++copied) {
+        CheckedMessage from(type, nullptr);
+        merge(copied, &from);
+        CheckedMessage to(type, random() % 2 == 0 ? &arena : nullptr);
+        merge(held, &to);
+        to.CopyFrom(from);
+        ExpectCapacityOfTheModel(type, &to);
+      }
+    }
   }
 }
 

@@ -76,6 +76,10 @@ void CheckedMessage::CopyFrom(const CheckedMessage& from) {
   if (&from == this) return;
   model_->Clear();
   model_->MergeFrom(*from.model_);
+  for (const auto& [number, field] : type_.fields) {
+    if (field.kind != Kind::FLOAT || field.is_repeated) continue;
+    EXPECT_NE(field.get(*message_, 0).number, 0x80000000) << field.name;
+  }
 }
 
 void CheckedMessage::Swap(CheckedMessage* other) {

@@ -1,5 +1,7 @@
 #include "tests/conformance/model/samples.h"
 
+#include <cstring>
+
 #include "tests/conformance/model/encoding.h"
 
 namespace vantiro {
@@ -22,6 +24,80 @@ std::string Sample(const Type& type, size_t seed, int depth) {
     record += Encode(field, chosen);
   }
   return record + UnknownField(static_cast<char>(seed));
+}
+
+// Of any size, and with all or no bits set as often.
+uint64_t RandomBits(std::mt19937* random) {
+  const uint64_t high = (*random)();
+  const uint64_t bits = (high << 32 | (*random)()) >> (*random)() % 64;
+  return (*random)() % 2 == 0 ? bits : ~bits;
+}
+
+std::string RandomString(Kind kind, std::mt19937* random) {
+  static constexpr const char* kCharacters[] = {
+      "a", "\"",     "\\",     "\n",     "\x01",   "\x7f",      "<",
+      "'", "\u00fc", "\u0085", "\u200f", "\u2028", "\U0001f600"};
+  std::string string;
+  for (size_t i = (*random)() % ((*random)() % 16 == 0 ? 200 : 12); i > 0;
+       --i) {
+    string += kind == Kind::STRING
+                  ? kCharacters[(*random)() % 13]
+                  : std::string(1, static_cast<char>((*random)()));
+  }
+  return string;
+}
+
+Value ExtremeValue(Kind kind, std::mt19937* random) {
+  if (kind == Kind::STRING || kind == Kind::BYTES) {
+    return {0, RandomString(kind, random)};
+  }
+  const uint64_t bits = (*random)() % 8 == 0 ? 0 : RandomBits(random);
+  switch (kind) {
+    case Kind::FLOAT:
+      return {(bits ^ (*random)() << 31) & UINT32_MAX, ""};
+    case Kind::BOOL:
+      return {bits & 1, ""};
+    case Kind::UINT32:
+    case Kind::INT32:
+    case Kind::SINT32:
+    case Kind::ENUM:
+      return {bits & UINT32_MAX, ""};
+    default:
+      return {bits, ""};
+  }
+}
+
+Value PlausibleValue(Kind kind, std::mt19937* random) {
+  const uint64_t number = (*random)() % 4000;
+  switch (kind) {
+    case Kind::STRING:
+    case Kind::BYTES:
+      return {0, "rear_wide"};
+    case Kind::FLOAT: {
+      const float value = static_cast<float>((*random)() % 100000) / 7;
+      uint32_t bits;
+      std::memcpy(&bits, &value, sizeof(bits));
+      return {bits, ""};
+    }
+    case Kind::BOOL:
+      return {1, ""};
+    case Kind::ENUM:
+      return {number % 3, ""};
+    case Kind::UINT64:
+    case Kind::INT64:
+      return {number << 20, ""};
+    case Kind::INT32:
+    case Kind::SINT32:
+      return {number - 500, ""};
+    default:
+      return {number, ""};
+  }
+}
+
+size_t RandomCount(const Field& field, std::mt19937* random) {
+  if (!field.is_repeated) return (*random)() % 3 == 0 ? 0 : 1;
+  const bool is_long = field.kind != Kind::MESSAGE && (*random)() % 16 == 0;
+  return (*random)() % (is_long ? 70 : 4);
 }
 
 }  // namespace
@@ -81,6 +157,26 @@ std::string UnknownField(char value) {
 
 std::string Sample(const Type& type, size_t seed) {
   return Sample(type, seed, 1);
+}
+
+std::string RandomRecord(const Type& type, Values values, std::mt19937* random,
+                         int depth) {
+  const auto random_value =
+      values == Values::kExtreme ? ExtremeValue : PlausibleValue;
+  std::string record;
+  for (const auto& [number, field] : type.fields) {
+    std::vector<Value> chosen;
+    for (size_t i = RandomCount(field, random); i > 0; --i) {
+      if (field.kind != Kind::MESSAGE) {
+        chosen.push_back(random_value(field.kind, random));
+      } else if (depth > 0) {
+        chosen.push_back(
+            {0, RandomRecord(*field.type, values, random, depth - 1)});
+      }
+    }
+    record += Encode(field, chosen);
+  }
+  return record;
 }
 
 }  // namespace tests

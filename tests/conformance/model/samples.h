@@ -3,6 +3,7 @@
 #ifndef VANTIRO_TESTS_CONFORMANCE_MODEL_SAMPLES_H_
 #define VANTIRO_TESTS_CONFORMANCE_MODEL_SAMPLES_H_
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,18 @@ std::string UnknownField(char value);
 // its sub-messages, but not below those. Another `seed` below 128 gives other
 // values for most fields.
 std::string Sample(const Type& type, size_t seed);
+
+enum class Values {
+  // As records have them.
+  kPlausible,
+  // Of the whole range of their kinds, often zero or at its limits.
+  kExtreme,
+};
+
+// A record with about two of three fields, and the same for `depth` levels of
+// its sub-messages.
+std::string RandomRecord(const Type& type, Values values, std::mt19937* random,
+                         int depth = 100);
 
 }  // namespace tests
 }  // namespace vantiro
