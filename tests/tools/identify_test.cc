@@ -2,27 +2,22 @@
 
 #include "tools/identify/identify.h"
 
-#include <google/protobuf/dynamic_message.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "tests/conformance/model/samples.h"
 #include "tests/support/bytes.h"
-#include "tests/tools/random_filler.h"
 #include "tools/identify/scan.h"
 #include "tools/schema/schema.h"
 
 namespace vantiro {
 namespace tools {
 namespace {
-
-using google::protobuf::DynamicMessageFactory;
-using google::protobuf::Message;
 
 std::string RecordOf(const Descriptor& type) {
   return tests::ReadData("records/" + type.full_name() + ".bin");
@@ -56,12 +51,12 @@ TEST(Identify, RanksTheTypeOfReferenceRecordsFirstAlsoIfCut) {
 TEST(Identify, RanksTheTypeOfRandomRecordsFirst) {
   int identified = 0;
   int all = 0;
-  DynamicMessageFactory factory;
-  for (unsigned seed = 0; seed < 10; ++seed) {
+  std::mt19937 random(1);
+  for (int i = 0; i < 10; ++i) {
     for (const Descriptor* const root : Roots()) {
-      const std::unique_ptr<Message> message(factory.GetPrototype(root)->New());
-      RandomFiller(seed, RandomFiller::kPlausible).Fill(message.get());
-      const std::string bytes = message->SerializeAsString();
+      const std::string bytes =
+          tests::RandomRecord(tests::FindType(root->full_name()),
+                              tests::Values::kPlausible, &random);
       if (bytes.size() < 8) continue;
       ++all;
       identified += ComesFirst(*root, bytes) ? 1 : 0;

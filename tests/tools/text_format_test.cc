@@ -13,8 +13,8 @@
 #include <random>
 #include <string>
 
+#include "tests/conformance/model/samples.h"
 #include "tests/support/bytes.h"
-#include "tests/tools/random_filler.h"
 #include "tools/formats/format_error.h"
 #include "tools/wire/record_tree.h"
 
@@ -39,7 +39,8 @@ class Texts {
   // notations and, for most, random changes.
   std::string Random(const Descriptor& type) {
     const std::unique_ptr<Message> message = New(type);
-    RandomFiller(random_(), RandomFiller::kExtreme).Fill(message.get());
+    EXPECT_TRUE(message->ParseFromString(tests::RandomRecord(
+        tests::FindType(type.full_name()), tests::Values::kExtreme, &random_)));
     TextFormat::Printer printer;
     printer.SetSingleLineMode(Chance(2));
     printer.SetUseShortRepeatedPrimitives(Chance(2));
