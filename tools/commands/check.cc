@@ -1,15 +1,13 @@
 #include <atomic>
-#include <iostream>
-#include <map>
+#include <iterator>
 #include <memory>
-#include <mutex>
-#include <optional>
-#include <thread>
+#include <string>
+#include <vector>
 
 #include "tools/check/canonical_form.h"
 #include "tools/commands/commands.h"
 #include "tools/formats/json.h"
-#include "tools/io/progress.h"
+#include "tools/io/batch.h"
 #include "tools/wire/escape.h"
 
 namespace vantiro {
@@ -17,7 +15,6 @@ namespace tools {
 namespace {
 
 struct Options {
-  std::vector<std::string> files;
   std::string type;
   bool json = false;
 };
@@ -32,95 +29,84 @@ struct Result {
 constexpr const char* kVerdicts[] = {"canonical", "not canonical", "damaged",
                                      "not checked"};
 
-const char* Verdict(const Result& result) {
-  if (!result.error.empty()) return kVerdicts[3];
-  if (!result.report.parses) return kVerdicts[2];
-  return kVerdicts[result.report.is_canonical ? 0 : 1];
+// An index into kVerdicts.
+size_t Verdict(const Result& result) {
+  if (!result.error.empty()) return 3;
+  if (!result.report.parses) return 2;
+  return result.report.is_canonical ? 0 : 1;
 }
 
-Result Check(const std::string& file, const Options& options,
-             const CommandIo& io) {
-  Result result;
-  try {
-    const std::string bytes = io.ReadBytes(file);
-    result.type = &io.TypeOf(options.type, bytes);
-    result.report = CheckCanonicalForm(*result.type, bytes);
-  } catch (const std::exception& error) {
-    result.error = error.what();
-  }
-  return result;
-}
-
-// Checks files in parallel. Writes the results in the order of the files, each
-// as soon as those before it are written.
-class Checker {
+class Checker : public RecordHandler {
  public:
-  Checker(const Options& options, CommandIo* io)
-      : options_(options), io_(*io), style_(io->style()) {}
+  Checker(const Options& options, bool has_several, const CommandIo& io)
+      : options_(options),
+        has_several_(has_several),
+        io_(io),
+        style_(io.style()) {}
 
-  void Run() {
-    // A wrong name is one error, not one for each file.
-    if (!options_.type.empty()) io_.TypeOf(options_.type, "");
-    Progress progress(options_.files.size(), io_.quiet());
-    std::vector<std::thread> threads;
-    const size_t count =
-        std::min<size_t>(std::max(1U, std::thread::hardware_concurrency()),
-                         options_.files.size());
-    for (size_t i = 0; i < count; ++i) {
-      threads.emplace_back([this, &progress] { Work(&progress); });
+  void Handle(const std::string& name, const std::string& bytes,
+              Report* report) const override {
+    Result result;
+    result.type = &io_.TypeOf(options_.type, bytes);
+    result.report = CheckCanonicalForm(*result.type, bytes);
+    report->is_damaged = !result.report.parses;
+    if (!result.report.is_canonical) report->status = kFound;
+    Write(name, result, report);
+  }
+
+  // A result of its own, which says why.
+  bool HandleError(const std::string& name, const std::string& error,
+                   Report* report) const override {
+    Result result;
+    result.error = error;
+    Write(name, result, report);
+    return !options_.json || !has_several_;
+  }
+
+  // "2 canonical, 1 damaged"
+  std::string Footer() const override {
+    std::string text;
+    if (io_.quiet() || options_.json) return text;
+    for (size_t i = 0; i < std::size(kVerdicts); ++i) {
+      if (counts_[i] == 0) continue;
+      if (!text.empty()) text += ", ";
+      text += std::to_string(counts_[i]) + " " + kVerdicts[i];
     }
-    for (std::thread& thread : threads) thread.join();
-    progress.Hide();
-    if (!io_.quiet() && !options_.json) WriteSummary();
+    return text + '\n';
   }
 
  private:
-  void Work(Progress* progress) {
-    while (true) {
-      const size_t i = next_++;
-      if (i >= options_.files.size()) return;
-      Result result = Check(options_.files[i], options_, io_);
-      const std::lock_guard<std::mutex> lock(mutex_);
-      waiting_.emplace(i, std::move(result));
-      while (!waiting_.empty() && waiting_.begin()->first == done_) {
-        progress->Hide();
-        Write(options_.files[done_], waiting_.begin()->second);
-        waiting_.erase(waiting_.begin());
-        progress->Show(++done_);
-      }
-    }
-  }
-
-  void Write(const std::string& file, const Result& result) {
-    const char* const verdict = Verdict(result);
+  void Write(const std::string& name, const Result& result,
+             Report* report) const {
+    const size_t verdict = Verdict(result);
     ++counts_[verdict];
-    if (verdict != kVerdicts[0]) {
-      io_.RaiseStatus(result.error.empty() ? kFound : kWrongUse);
-    }
     if (options_.json) {
-      WriteJson(file, result);
+      WriteJson(name, result, &report->output);
       return;
     }
-    if (io_.quiet() && verdict == kVerdicts[0]) return;
-    std::cout << EscapeControls(file) << ": " << style_.Name(verdict);
+    if (io_.quiet() && verdict == 0) return;
+    std::string* const out = &report->output;
+    *out += EscapeControls(name) + ": " + style_.Name(kVerdicts[verdict]);
     if (result.type != nullptr) {
-      std::cout << style_.Note(" (" + result.type->full_name() + ")");
+      *out += style_.Note(" (" + result.type->full_name() + ")");
     }
-    std::cout << '\n';
-    WriteLine(result.error);
-    WriteLine(result.report.fault);
-    WriteCounts(result.report.differences);
-    if (!io_.quiet()) WriteCounts(result.report.remarks);
+    *out += '\n';
+    WriteLine(result.error, out);
+    WriteLine(result.report.fault, out);
+    WriteCounts(result.report.differences, out);
+    if (!io_.quiet()) WriteCounts(result.report.remarks, out);
   }
 
-  static void WriteLine(const std::string& text) {
-    if (!text.empty()) std::cout << "  " << text << '\n';
+  static void WriteLine(const std::string& text, std::string* out) {
+    if (!text.empty()) *out += "  " + text + '\n';
   }
 
-  static void WriteCounts(const std::vector<FlagCount>& counts) {
+  static void WriteCounts(const std::vector<FlagCount>& counts,
+                          std::string* out) {
     for (const FlagCount& count : counts) {
       WriteLine(std::to_string(count.count) + " x " + count.name +
-                ", first at offset " + std::to_string(count.offset));
+                    ", first at offset " + std::to_string(count.offset),
+                out);
     }
   }
 
@@ -134,37 +120,32 @@ class Checker {
     return array;
   }
 
-  // JSON Lines: one object in a line for each file.
-  static void WriteJson(const std::string& file, const Result& result) {
-    Json json = {{"file", file}, {"verdict", Verdict(result)}};
+  // JSON Lines: one object in a line for each record.
+  static void WriteJson(const std::string& name, const Result& result,
+                        std::string* out) {
+    Json json = {{"file", name}, {"verdict", kVerdicts[Verdict(result)]}};
     if (result.type != nullptr) json["type"] = result.type->full_name();
     if (!result.error.empty()) json["error"] = result.error;
     if (!result.report.fault.empty()) json["fault"] = result.report.fault;
     json["differences"] = CountsToJson(result.report.differences);
     json["remarks"] = CountsToJson(result.report.remarks);
-    std::cout << JsonText(json, -1) << '\n';
-  }
-
-  void WriteSummary() {
-    std::string text;
-    for (const char* const verdict : kVerdicts) {
-      if (counts_[verdict] == 0) continue;
-      if (!text.empty()) text += ", ";
-      text += std::to_string(counts_[verdict]) + " " + verdict;
-    }
-    std::cout << text << '\n';
+    *out += JsonText(json, -1) + '\n';
   }
 
   const Options& options_;
-  CommandIo& io_;
+  const bool has_several_;
+  const CommandIo& io_;
   const Style style_;
-  std::atomic<size_t> next_{0};
-  // The mutex guards the members below.
-  std::mutex mutex_;
-  std::map<size_t, Result> waiting_;
-  size_t done_ = 0;
-  std::map<std::string, size_t> counts_;
+  // By verdict.
+  mutable std::atomic<size_t> counts_[std::size(kVerdicts)] = {};
 };
+
+void Check(const Options& options, Batch* batch, const CommandIo& io) {
+  batch->FindInputs();
+  // A wrong name is one error, not one for each file.
+  if (!options.type.empty()) Schema::BuiltIn().FindMessage(options.type);
+  batch->Run(Checker(options, batch->HasSeveral(), io));
+}
 
 }  // namespace
 
@@ -173,12 +154,14 @@ void AddCheck(CLI::App* program, CommandIo* io) {
       "check",
       "Check whether the library would write records in the same bytes");
   const auto options = std::make_shared<Options>();
-  CommandIo::AddFiles(command, &options->files);
+  const auto batch = std::make_shared<Batch>(io);
+  batch->AddInputs(command);
   CommandIo::AddType(
       command, "The records' type; by default the most likely root for each",
       &options->type);
   command->add_flag("--json", options->json,
                     "Write a line of JSON for each record");
+  batch->AddStreamOptions(command);
   io->AddInputOptions(command);
   command->footer(
       "Each record is parsed by the library's own class and written again. It\n"
@@ -190,7 +173,7 @@ void AddCheck(CLI::App* program, CommandIo* io) {
       "Example:\n"
       "  echo '10 07 08 05' |\n"
       "    vantiro-records check --hex --type ZAfRoiDimLite - || echo no");
-  command->callback([=] { Checker(*options, io).Run(); });
+  command->callback([=] { Check(*options, batch.get(), *io); });
 }
 
 }  // namespace tools

@@ -1,6 +1,6 @@
-#include <iostream>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <vector>
 
 #include "tools/commands/commands.h"
@@ -9,7 +9,7 @@
 #include "tools/formats/outline.h"
 #include "tools/formats/record_csv.h"
 #include "tools/formats/text_format.h"
-#include "tools/io/progress.h"
+#include "tools/io/batch.h"
 #include "tools/record/path.h"
 #include "tools/record/value_text.h"
 #include "tools/wire/escape.h"
@@ -20,7 +20,6 @@ namespace tools {
 namespace {
 
 struct Options {
-  std::vector<std::string> files;
   std::string type;
   std::string format = "text";
   std::vector<std::string> paths;
@@ -29,30 +28,55 @@ struct Options {
   bool strict = false;
 };
 
-class Decoder {
+class Decoder : public RecordHandler {
  public:
-  Decoder(const Options& options, CommandIo* io)
+  Decoder(const Options& options, bool has_several, const CommandIo& io)
       : options_(options),
-        io_(*io),
-        style_(io->style()),
+        has_several_(has_several),
+        io_(io),
+        style_(io.style()),
         paths_(options.paths, Types(options.type)),
-        json_{options.names == "original", options.strict},
-        csv_(paths_, json_, &std::cout) {}
+        json_{options.names == "original", options.strict} {}
 
-  void Run() {
-    if (options_.format == "csv") csv_.WriteHeadings();
-    Progress progress(options_.files.size(), io_.quiet());
-    for (size_t i = 0; i < options_.files.size(); ++i) {
-      progress.Hide();
-      try {
-        Decode(options_.files[i]);
-      } catch (const UsageError& error) {
-        // The other files are still shown.
-        if (!HasSeveralFiles()) throw;
-        WriteUnread(options_.files[i], error.what());
+  std::string Header() const override {
+    std::ostringstream out;
+    if (options_.format == "csv") Csv(&out).WriteHeadings();
+    return out.str();
+  }
+
+  void Handle(const std::string& name, const std::string& bytes,
+              Report* report) const override {
+    const Descriptor& type = io_.TypeOf(options_.type, bytes);
+    io_.ReportType(name, options_.type, type, report);
+    const RecordTree tree = ReadRecord(type, bytes);
+    Record record = MakeRecord(tree);
+    RemoveDefaults(&record);
+    if (options_.defaults) AddDefaults(&record);
+    std::ostringstream out;
+    if (options_.format == "csv") {
+      Csv(&out).WriteRecord(name, record, tree.ok() ? "" : tree.fault->Text());
+    } else if (options_.format == "json") {
+      WriteJson(name, record, tree.fault, &out);
+    } else {
+      if (has_several_) {
+        out << style_.Note("# " + EscapeControls(name)) << '\n';
       }
-      progress.Show(i + 1);
+      WriteReadable(record, &out);
     }
+    report->output = out.str();
+    CommandIo::ReportFault(name, tree.fault, report);
+  }
+
+  bool HandleError(const std::string& name, const std::string& error,
+                   Report* report) const override {
+    if (!has_several_) return false;
+    std::ostringstream out;
+    if (options_.format == "csv") Csv(&out).WriteError(name, error);
+    if (options_.format == "json") {
+      out << JsonText({{"file", name}, {"error", error}}, -1) << '\n';
+    }
+    report->output = out.str();
+    return false;
   }
 
  private:
@@ -62,86 +86,60 @@ class Decoder {
     return {&schema.FindMessage(name)};
   }
 
-  bool HasSeveralFiles() const { return options_.files.size() > 1; }
+  RecordCsv Csv(std::ostream* out) const { return {paths_, json_, out}; }
 
-  void Decode(const std::string& file) {
-    const std::string bytes = io_.ReadBytes(file);
-    const Descriptor& type = io_.TypeOf(options_.type, bytes);
-    io_.ReportType(file, options_.type, type);
-    const RecordTree tree = ReadRecord(type, bytes);
-    Record record = MakeRecord(tree);
-    RemoveDefaults(&record);
-    if (options_.defaults) AddDefaults(&record);
-    if (options_.format == "csv") {
-      csv_.WriteRecord(file, record, tree.ok() ? "" : tree.fault->Text());
-    } else if (options_.format == "json") {
-      WriteJson(file, record, tree.fault);
-    } else {
-      if (HasSeveralFiles()) {
-        std::cout << style_.Note("# " + EscapeControls(file)) << '\n';
-      }
-      WriteReadable(record);
-    }
-    io_.ReportFault(file, tree.fault);
-  }
-
-  void WriteUnread(const std::string& file, const std::string& error) {
-    if (options_.format == "csv") csv_.WriteError(file, error);
-    if (options_.format == "json") {
-      std::cout << JsonText({{"file", file}, {"error", error}}, -1) << '\n';
-    }
-    std::cout.flush();
-    std::cerr << "vantiro-records: " << error << '\n';
-    io_.RaiseStatus(kWrongUse);
-  }
-
-  void WriteReadable(const Record& record) const {
+  void WriteReadable(const Record& record, std::ostream* out) const {
     if (paths_.empty()) {
-      WriteRecord(record);
+      WriteRecord(record, out);
       return;
     }
     for (const std::optional<Path>& path : paths_.For(*record.type)) {
       if (!path.has_value()) continue;
       for (const Selected& selected : Select(*path, record)) {
         if (selected.message != nullptr) {
-          WriteRecord(*selected.message);
+          WriteRecord(*selected.message, out);
         } else {
-          std::cout << SelectedText(selected) << '\n';
+          *out << SelectedText(selected) << '\n';
         }
       }
     }
   }
 
-  void WriteRecord(const Record& record) const {
+  void WriteRecord(const Record& record, std::ostream* out) const {
     if (options_.format == "tree") {
-      WriteOutline(record, style_, &std::cout);
+      WriteOutline(record, style_, out);
     } else {
-      WriteText(record, style_, &std::cout);
+      WriteText(record, style_, out);
     }
   }
 
-  // One document, or JSON Lines for several files.
-  void WriteJson(const std::string& file, const Record& record,
-                 const std::optional<Fault>& fault) const {
+  // One document, or JSON Lines for several records.
+  void WriteJson(const std::string& name, const Record& record,
+                 const std::optional<Fault>& fault, std::ostream* out) const {
     Json json =
         paths_.empty() ? ToJson(record, json_) : ToJson(paths_, record, json_);
     if (fault.has_value() && !json_.is_strict) {
       json[kErrorMember] = ToJson(*fault);
     }
-    if (HasSeveralFiles()) {
-      std::cout << JsonText({{"file", file}, {"record", json}}, -1) << '\n';
+    if (has_several_) {
+      *out << JsonText({{"file", name}, {"record", json}}, -1) << '\n';
     } else {
-      std::cout << JsonText(json, 2) << '\n';
+      *out << JsonText(json, 2) << '\n';
     }
   }
 
   const Options& options_;
-  CommandIo& io_;
+  const bool has_several_;
+  const CommandIo& io_;
   const Style style_;
   const Paths paths_;
   const JsonOptions json_;
-  RecordCsv csv_;
 };
+
+void Decode(const Options& options, Batch* batch, const CommandIo& io) {
+  batch->FindInputs();
+  batch->Run(Decoder(options, batch->HasSeveral(), io));
+}
 
 }  // namespace
 
@@ -149,7 +147,8 @@ void AddDecode(CLI::App* program, CommandIo* io) {
   CLI::App* const command = program->add_subcommand(
       "decode", "Show the values in records, damaged ones included");
   const auto options = std::make_shared<Options>();
-  CommandIo::AddFiles(command, &options->files);
+  const auto batch = std::make_shared<Batch>(io);
+  batch->AddInputs(command);
   CommandIo::AddType(command,
                      "The records' type; by default the most likely root",
                      &options->type);
@@ -176,6 +175,7 @@ void AddDecode(CLI::App* program, CommandIo* io) {
   command->add_flag("--strict", options->strict,
                     "Leave out of JSON what other programs do not know: the "
                     "members @unknown, @nan, @not_utf8 and @error");
+  batch->AddStreamOptions(command);
   io->AddInputOptions(command);
   command->footer(
       "Example:\n"
@@ -183,7 +183,7 @@ void AddDecode(CLI::App* program, CommandIo* io) {
       "    vantiro-records decode --hex --type ZAfRoiDimLite -\n\n"
       "Of a damaged record the part before the fault is shown. The fault is\n"
       "written to standard error, and the exit status is 1.");
-  command->callback([=] { Decoder(*options, io).Run(); });
+  command->callback([=] { Decode(*options, batch.get(), *io); });
 }
 
 }  // namespace tools

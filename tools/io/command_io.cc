@@ -36,12 +36,6 @@ void CommandIo::AddFile(CLI::App* command, const char* what,
       ->type_name("FILE");
 }
 
-void CommandIo::AddFiles(CLI::App* command, std::vector<std::string>* files) {
-  command->add_option("files", *files, "Records; - is standard input")
-      ->required()
-      ->type_name("FILE");
-}
-
 CLI::Option* CommandIo::AddType(CLI::App* command, const char* what,
                                 std::string* type) {
   return command->add_option("-t,--type", *type, what)->type_name("TYPE");
@@ -81,6 +75,12 @@ std::string CommandIo::ReadFile(const std::string& file) {
     return {std::istreambuf_iterator<char>(std::cin),
             std::istreambuf_iterator<char>()};
   }
+  std::ifstream stream = Open(file);
+  return {std::istreambuf_iterator<char>(stream),
+          std::istreambuf_iterator<char>()};
+}
+
+std::ifstream CommandIo::Open(const std::string& file) {
   std::ifstream stream(file, std::ios::binary);
   if (!stream.good()) {
     throw UsageError("cannot read " + EscapeControls(file) + ": " +
@@ -90,8 +90,7 @@ std::string CommandIo::ReadFile(const std::string& file) {
     throw UsageError("cannot read " + EscapeControls(file) +
                      ": it is a folder");
   }
-  return {std::istreambuf_iterator<char>(stream),
-          std::istreambuf_iterator<char>()};
+  return stream;
 }
 
 void CommandIo::WriteFile(const std::string& file, std::string_view bytes) {
@@ -117,18 +116,35 @@ const Descriptor& CommandIo::TypeOf(const std::string& name,
 }
 
 void CommandIo::ReportType(const std::string& file, const std::string& name,
-                           const Descriptor& type) const {
+                           const Descriptor& type, Report* report) const {
   if (!name.empty() || quiet_) return;
-  std::cerr << EscapeControls(file) << ": identified as " << type.full_name()
-            << '\n';
+  report->notes +=
+      EscapeControls(file) + ": identified as " + type.full_name() + '\n';
+}
+
+void CommandIo::ReportFault(const std::string& file,
+                            const std::optional<Fault>& fault, Report* report) {
+  if (!fault.has_value()) return;
+  report->errors += EscapeControls(file) + ": " + fault->Text() + '\n';
+  report->status = kFound;
+  report->is_damaged = true;
+}
+
+void CommandIo::ReportType(const std::string& file, const std::string& name,
+                           const Descriptor& type) const {
+  Report report;
+  ReportType(file, name, type, &report);
+  std::cerr << report.notes;
 }
 
 void CommandIo::ReportFault(const std::string& file,
                             const std::optional<Fault>& fault) {
-  if (!fault.has_value()) return;
+  Report report;
+  ReportFault(file, fault, &report);
+  if (report.errors.empty()) return;
   std::cout.flush();
-  std::cerr << EscapeControls(file) << ": " << fault->Text() << '\n';
-  RaiseStatus(kFound);
+  std::cerr << report.errors;
+  RaiseStatus(report.status);
 }
 
 void CommandIo::RaiseStatus(ExitStatus status) {

@@ -4,12 +4,14 @@
 #define VANTIRO_TOOLS_IO_COMMAND_IO_H_
 
 #include <CLI/CLI.hpp>
+#include <fstream>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "tools/formats/style.h"
+#include "tools/io/report.h"
 #include "tools/schema/schema.h"
 #include "tools/wire/fault.h"
 
@@ -23,14 +25,10 @@ class UsageError : public std::runtime_error {
   using runtime_error::runtime_error;
 };
 
-enum ExitStatus { kSuccess = 0, kFound = 1, kWrongUse = 2 };
-
 class CommandIo {
  public:
   // Adds the required argument for one input file; `what` describes it.
   static void AddFile(CLI::App* command, const char* what, std::string* file);
-  // The same for several files with records.
-  static void AddFiles(CLI::App* command, std::vector<std::string>* files);
   // Adds --type.
   static CLI::Option* AddType(CLI::App* command, const char* what,
                               std::string* type);
@@ -44,6 +42,8 @@ class CommandIo {
   std::string ReadBytes(const std::string& file) const;
   // The same without decoding.
   static std::string ReadFile(const std::string& file);
+  // Opens a file other than standard input. Throws a UsageError.
+  static std::ifstream Open(const std::string& file);
   // Throws a UsageError.
   static void WriteFile(const std::string& file, std::string_view bytes);
 
@@ -52,12 +52,16 @@ class CommandIo {
   const Descriptor& TypeOf(const std::string& name,
                            const std::string& bytes) const;
 
-  // Writes to standard error which type was identified for `file`, unless
-  // `name` gave it.
+  // Notes which type was identified for `file`, unless `name` gave it.
+  void ReportType(const std::string& file, const std::string& name,
+                  const Descriptor& type, Report* report) const;
+  // Reports the fault of `file`, if there is one; the program then ends with
+  // kFound.
+  static void ReportFault(const std::string& file,
+                          const std::optional<Fault>& fault, Report* report);
+  // The same two, written to standard error at once.
   void ReportType(const std::string& file, const std::string& name,
                   const Descriptor& type) const;
-  // Writes the fault of `file`, if there is one, to standard error; the program
-  // then ends with kFound.
   void ReportFault(const std::string& file, const std::optional<Fault>& fault);
   // Sets the exit status, unless it is higher already.
   void RaiseStatus(ExitStatus status);

@@ -24,9 +24,13 @@ std::unique_ptr<CLI::App> MakeProgram(CommandIo* io) {
   program->footer(
       "A file of - is standard input. Exit status: 0 success, 1 differences "
       "or\n"
-      "faults found, 2 wrong use. COMMAND --help shows the command's options "
-      "and\n"
-      "an example.");
+      "faults found, 2 wrong use. Of several inputs one that fails does not "
+      "stop\n"
+      "the others; the status is the highest one, and the last line of "
+      "standard\n"
+      "error counts the failed ones. COMMAND --help shows the command's "
+      "options\n"
+      "and an example.");
   AddList(program.get(), io);
   AddShow(program.get(), io);
   AddDecode(program.get(), io);
