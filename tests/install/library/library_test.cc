@@ -64,8 +64,9 @@ std::vector<std::string> Dynamic(const std::string& tag,
 
 using Values = std::vector<std::string>;
 
-TEST(Library, HasItsSoname) {
+TEST(Library, HasItsSonameAndBindsAllSymbolsAtLoad) {
   EXPECT_EQ(Dynamic("SONAME"), Values{"libvantiro.proto_message.protos.so"});
+  EXPECT_EQ(Dynamic("FLAGS"), Values{"BIND_NOW"});
 }
 
 TEST(Library, NeedsTheLiteRuntimeAndTheStandardLibrariesOnly) {
@@ -83,10 +84,6 @@ TEST(Library, IsMadeForItsMachine) {
                                  "DYN (Shared object file)", VANTIRO_MACHINE}) {
     EXPECT_NE(header.find(part), std::string::npos) << part << "\n" << header;
   }
-}
-
-TEST(Library, BindsAllSymbolsAtLoad) {
-  EXPECT_EQ(Dynamic("FLAGS"), Values{"BIND_NOW"});
 }
 
 TEST(Library, RunsNothingAtLoadAndNothingAtUnload) {

@@ -1,6 +1,5 @@
 // The pages of the schema reference agree with the schema files.
 
-#include <google/protobuf/compiler/importer.h>
 #include <google/protobuf/descriptor.h>
 #include <gtest/gtest.h>
 
@@ -13,12 +12,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/compiler/schemas.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 using google::protobuf::Descriptor;
 using google::protobuf::EnumDescriptor;
-using google::protobuf::FileDescriptor;
 
 // A page's text, and its anchors and links.
 struct Page {
@@ -53,27 +53,6 @@ const std::map<std::string, Page>& Pages() {
   return *kPages;
 }
 
-class Schema : public google::protobuf::compiler::MultiFileErrorCollector {
- public:
-  Schema() : importer_(&tree_, this) {
-    tree_.MapPath("", VANTIRO_SCHEMA);
-    for (const auto& entry : fs::directory_iterator(VANTIRO_SCHEMA)) {
-      if (entry.path().extension() != ".proto") continue;
-      units_.push_back(importer_.Import(entry.path().filename().string()));
-    }
-  }
-  void AddError(const std::string& file, int line, int,
-                const std::string& message) override {
-    ADD_FAILURE() << file << ":" << line << ": " << message;
-  }
-  const std::vector<const FileDescriptor*>& units() const { return units_; }
-
- private:
-  google::protobuf::compiler::DiskSourceTree tree_;
-  google::protobuf::compiler::Importer importer_;
-  std::vector<const FileDescriptor*> units_;
-};
-
 void AddEnum(const EnumDescriptor* type, const std::string& scope,
              std::multiset<std::string>* anchors) {
   anchors->insert(scope + type->name());
@@ -98,9 +77,10 @@ void AddMessage(const Descriptor* message, const std::string& scope,
 }
 
 TEST(Pages, EveryDeclarationHasOneAnchor) {
-  const Schema schema;
-  for (const FileDescriptor* unit : schema.units()) {
-    const std::string stem = fs::path(unit->name()).stem().string();
+  vantiro::tests::Schemas schemas(VANTIRO_SCHEMA);
+  for (const auto& name : vantiro::tests::FilesIn(VANTIRO_SCHEMA, ".proto")) {
+    const auto* const unit = schemas.Import(name);
+    const std::string stem = fs::path(name).stem().string();
     ASSERT_EQ(Pages().count(stem + ".html"), 1U) << stem;
     std::multiset<std::string> wanted = {"contents", "content", "search",
                                          "results", "search-index"};
