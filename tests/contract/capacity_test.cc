@@ -62,8 +62,8 @@ TYPED_TEST(CapacityOf, AMergeOrACopyIsWhatIsNeededUnlessTwiceTheOldIsMore) {
     auto copied = WithFloats<TypeParam>(c.old_count);
     copied.CopyFrom(from);
     EXPECT_EQ(copied.float_list().Capacity(), c.copied);
-    const TypeParam made(from);
-    EXPECT_EQ(made.float_list().Capacity(),
+    TypeParam made(from);
+    EXPECT_EQ(made.mutable_float_list()->Capacity(),
               c.count == 0 ? 0 : std::max(c.count, 4));
   }
 }

@@ -76,6 +76,7 @@ void CheckedMessage::CopyFrom(const CheckedMessage& from) {
   if (&from == this) return;
   model_->Clear();
   model_->MergeFrom(*from.model_);
+  // A -0.0, which is not copied, would not be written either.
   for (const auto& [number, field] : type_.fields) {
     if (field.kind != Kind::FLOAT || field.is_repeated) continue;
     EXPECT_NE(field.get(*message_, 0).number, 0x80000000) << field.name;

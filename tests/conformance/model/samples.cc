@@ -28,8 +28,9 @@ std::string Sample(const Type& type, size_t seed, int depth) {
 
 // Of any size, and with all or no bits set as often.
 uint64_t RandomBits(std::mt19937* random) {
-  const uint64_t high = (*random)();
-  const uint64_t bits = (high << 32 | (*random)()) >> (*random)() % 64;
+  uint64_t bits = (*random)();
+  bits = bits << 32 ^ (*random)();
+  bits >>= (*random)() % 64;
   return (*random)() % 2 == 0 ? bits : ~bits;
 }
 
@@ -38,8 +39,8 @@ std::string RandomString(Kind kind, std::mt19937* random) {
       "a", "\"",     "\\",     "\n",     "\x01",   "\x7f",      "<",
       "'", "\u00fc", "\u0085", "\u200f", "\u2028", "\U0001f600"};
   std::string string;
-  for (size_t i = (*random)() % ((*random)() % 16 == 0 ? 200 : 12); i > 0;
-       --i) {
+  const bool is_long = (*random)() % 16 == 0;
+  for (size_t i = (*random)() % (is_long ? 200 : 12); i > 0; --i) {
     string += kind == Kind::STRING
                   ? kCharacters[(*random)() % 13]
                   : std::string(1, static_cast<char>((*random)()));
