@@ -1,5 +1,4 @@
-// How far the parser may look ahead after an unpacked element, and when a
-// packed run of floats is read at once.
+// When a packed run of floats is read at once.
 
 #include "internal/input_bounds.h"
 
@@ -12,30 +11,6 @@ namespace internal {
 namespace {
 
 constexpr int kBudget = 100;
-
-TEST(LookAhead, GoesToTheEndOfTheMessageInOnePiece) {
-  const uint8_t bytes[10] = {};
-  const InputBounds bounds(kBudget, nullptr);
-  EXPECT_EQ(bounds.EndOfLookAhead(bytes + 1, bytes + 10), bytes + 10);
-  EXPECT_EQ(bounds.EndOfLookAhead(bytes + 6, bytes + 6), bytes + 6);
-}
-
-TEST(LookAhead, GoesToTheEndOfTheChunkOfTheByteBefore) {
-  FlattenedInput flattened;
-  flattened.bytes = "0123456789";
-  flattened.chunk_ends = {1, 4, 8, 26};
-  const InputBounds bounds(kBudget, &flattened);
-  const int chunk_end[] = {1, 4, 4, 4, 8, 8, 8, 8, 10, 10};
-  for (int p = 1; p <= 10; ++p) {
-    for (int end = p; end <= 10; ++end) {
-      EXPECT_EQ(bounds.EndOfLookAhead(flattened.begin() + p,
-                                      flattened.begin() + end) -
-                    flattened.begin(),
-                std::min(end, chunk_end[p - 1]))
-          << "at " << p << " in a message that ends at " << end;
-    }
-  }
-}
 
 // A sub-message of the next level: how many bytes its length exceeds the end of
 // the message around it, or 0 if it fits.
