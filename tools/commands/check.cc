@@ -44,6 +44,10 @@ class Checker : public RecordHandler {
         io_(io),
         style_(io.style()) {}
 
+  std::string Extension() const override {
+    return options_.json ? ".jsonl" : ".txt";
+  }
+
   void Handle(const std::string& name, const std::string& bytes,
               Report* report) const override {
     Result result;

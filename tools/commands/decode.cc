@@ -38,6 +38,12 @@ class Decoder : public RecordHandler {
         paths_(options.paths, Types(options.type)),
         json_{options.names == "original", options.strict} {}
 
+  std::string Extension() const override {
+    if (options_.format == "json") return has_several_ ? ".jsonl" : ".json";
+    if (options_.format == "csv") return ".csv";
+    return options_.format == "text" ? ".txtpb" : ".txt";
+  }
+
   std::string Header() const override {
     std::ostringstream out;
     if (options_.format == "csv") Csv(&out).WriteHeadings();

@@ -19,18 +19,6 @@ namespace {
 // or one more record.
 constexpr size_t kTaskSize = size_t{1} << 16;
 
-// `prefix` is for an error that does not name the input itself.
-Report Unhandled(const RecordHandler& handler, const std::string& name,
-                 const std::string& error, const std::string& prefix) {
-  Report report;
-  if (!handler.HandleError(name, error, &report)) {
-    report.errors =
-        "vantiro-records: " + prefix + EscapeControlsInLines(error) + '\n';
-  }
-  report.status = kWrongUse;
-  return report;
-}
-
 }  // namespace
 
 void Batch::AddStreamOptions(CLI::App* command) {
@@ -42,6 +30,18 @@ void Batch::AddStreamOptions(CLI::App* command) {
                    "How many threads to use; by default one for each processor")
       ->check(CLI::Range(1, 1024))
       ->type_name("COUNT");
+  command
+      ->add_option("-o,--output", output_path_,
+                   "Write to this file; to a folder: a file for each input, "
+                   "named after it. A file that cannot be written whole stays "
+                   "as it was")
+      ->type_name("OUT");
+}
+
+void Batch::FindInputs() {
+  inputs_.Find();
+  output_.emplace(output_path_);
+  if (!output_->is_standard_output()) io_.SetHasOutputFile();
 }
 
 void Batch::Run(const RecordHandler& handler) {
@@ -49,14 +49,22 @@ void Batch::Run(const RecordHandler& handler) {
   if (threads == 0) threads = std::max(1U, std::thread::hardware_concurrency());
   if (!delimited_) threads = std::min(threads, inputs().size());
   progress_ = std::make_unique<Progress>(inputs().size(), io_.quiet());
-  std::cout << handler.Header();
+  output_->Begin(inputs());
+  if (!output_->is_folder()) output_->Write(handler.Header());
   OrderedWork<Task, Result>(
       {[this] { return Next(); },
        [&](const Task& task) { return Work(handler, task); },
-       [this](const Result& result) { Finish(result); }})
+       [&](const Result& result) { Finish(handler, result); }})
       .Run(threads);
   progress_->Hide();
-  std::cout << handler.Footer();
+  if (output_->is_folder()) {
+    std::cout << handler.Footer();
+  } else {
+    output_->Write(handler.Footer());
+  }
+  // If nothing could be read, a former output stays.
+  if (total_ > 0 && unread_ == total_) output_->Drop();
+  output_->End();
   if (inputs().size() > 1 || total_ > 1) WriteFailures();
 }
 
@@ -112,6 +120,8 @@ Batch::Task Batch::NextOfStream() {
 Batch::Result Batch::Work(const RecordHandler& handler,
                           const Task& task) const {
   Result result;
+  result.input = task.input;
+  result.begins_input = task.first == 0;
   result.ends_input = task.ends_input;
   const std::string& file = task.input->file;
   if (!task.error.empty()) {
@@ -123,6 +133,8 @@ Batch::Result Batch::Work(const RecordHandler& handler,
     const std::string name = file + '[' + std::to_string(task.first + i) + ']';
     result.reports.push_back(Handle(handler, name, task.records[i]));
   }
+  result.is_unread = !task.error.empty() ||
+                     (!delimited_ && result.reports[0].status == kWrongUse);
   if (task.fault.has_value()) {
     result.reports.emplace_back();
     CommandIo::ReportFault(file, task.fault, &result.reports.back());
@@ -148,16 +160,50 @@ Report Batch::Handle(const RecordHandler& handler, const std::string& name,
     handler.Handle(name, bytes, &report);
     return report;
   } catch (const std::exception& error) {
-    const std::string prefix = HasSeveral() ? EscapeControls(name) + ": " : "";
+    const bool is_one = inputs().size() == 1 && !HasSeveral();
+    const std::string prefix = is_one ? "" : EscapeControls(name) + ": ";
     return Unhandled(handler, name, error.what(), prefix);
   }
 }
 
-void Batch::Finish(const Result& result) {
+Report Batch::Unhandled(const RecordHandler& handler, const std::string& name,
+                        const std::string& error,
+                        const std::string& prefix) const {
+  Report report;
+  // In a folder there is no file for an input that cannot be read.
+  if (!handler.HandleError(name, error, &report) || output_->is_folder()) {
+    report.errors =
+        "vantiro-records: " + prefix + EscapeControlsInLines(error) + '\n';
+  }
+  report.status = kWrongUse;
+  return report;
+}
+
+void Batch::Finish(const RecordHandler& handler, const Result& result) {
   progress_->Hide();
+  try {
+    if (result.begins_input && !result.is_unread && output_->is_folder()) {
+      output_->BeginInput(*result.input, handler.Extension());
+      output_->Write(handler.Header());
+    }
+  } catch (const UsageError& error) {
+    ReportError(error.what());
+  }
   for (const Report& report : result.reports) WriteReport(report);
+  try {
+    if (result.ends_input) output_->EndInput();
+  } catch (const UsageError& error) {
+    output_->Drop();
+    ReportError(error.what());
+  }
   inputs_done_ += result.ends_input ? 1 : 0;
   progress_->Show(inputs_done_);
+}
+
+void Batch::ReportError(const std::string& error) {
+  ++unwritten_;
+  io_.RaiseStatus(kWrongUse);
+  std::cerr << "vantiro-records: " << EscapeControlsInLines(error) << '\n';
 }
 
 void Batch::WriteReport(const Report& report) {
@@ -168,24 +214,26 @@ void Batch::WriteReport(const Report& report) {
   // Standard error is not buffered: what belongs before it is written first.
   if (!report.notes.empty() && HasSeveral()) std::cout.flush();
   if (!report.notes.empty()) std::cerr << report.notes;
-  std::cout << report.output;
+  output_->Write(report.output);
   if (report.errors.empty()) return;
   std::cout.flush();
   std::cerr << report.errors;
 }
 
 void Batch::WriteFailures() const {
-  if (unread_ + damaged_ == 0) return;
   std::string counts;
-  if (unread_ > 0) counts = std::to_string(unread_) + " not read";
-  if (damaged_ > 0) {
-    counts +=
-        (counts.empty() ? "" : ", ") + std::to_string(damaged_) + " damaged";
-  }
+  const auto add = [&counts](size_t count, const char* what) {
+    if (count == 0) return;
+    counts += (counts.empty() ? "" : ", ") + std::to_string(count) + what;
+  };
+  add(unread_, " not read");
+  add(damaged_, " damaged");
+  add(unwritten_, " not written");
+  if (counts.empty()) return;
   std::cout.flush();
-  std::cerr << "vantiro-records: " << unread_ + damaged_ << " of " << total_
-            << (delimited_ ? " records" : " inputs") << " failed: " << counts
-            << '\n';
+  std::cerr << "vantiro-records: " << unread_ + damaged_ + unwritten_ << " of "
+            << total_ << (delimited_ ? " records" : " inputs")
+            << " failed: " << counts << '\n';
 }
 
 }  // namespace tools

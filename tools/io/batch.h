@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/io/batch_output.h"
 #include "tools/io/command_io.h"
 #include "tools/io/delimited_reader.h"
 #include "tools/io/inputs.h"
@@ -27,7 +28,10 @@ class RecordHandler {
   RecordHandler& operator=(const RecordHandler&) = delete;
   virtual ~RecordHandler() = default;
 
-  // These begin and end the output.
+  // Of an output file's name: ".json".
+  virtual std::string Extension() const { return ".txt"; }
+  // These begin and end the output. In a folder each file has the header, and
+  // the footer goes to standard output.
   virtual std::string Header() const { return ""; }
   virtual std::string Footer() const { return ""; }
   // An exception means that the record could not be handled.
@@ -49,14 +53,16 @@ class Batch {
 
   // Adds the options of Inputs.
   void AddInputs(CLI::App* command) { inputs_.AddTo(command); }
-  // Adds --delimited and --jobs.
+  // Adds --delimited, --jobs and --output.
   void AddStreamOptions(CLI::App* command);
 
   // Finds the inputs. Throws as Inputs::Find does.
-  void FindInputs() { inputs_.Find(); }
+  void FindInputs();
   const std::vector<Input>& inputs() const { return inputs_.all(); }
-  // Whether the output has to tell records apart.
-  bool HasSeveral() const { return delimited_ || inputs_.are_several(); }
+  // Whether an output has to tell records apart.
+  bool HasSeveral() const {
+    return delimited_ || (inputs_.are_several() && !output_->is_folder());
+  }
 
   // Handles all records, and writes the reports in the order of the inputs. An
   // input that cannot be read, or a record that cannot be handled, does not
@@ -77,7 +83,10 @@ class Batch {
     bool ends_input = true;
   };
   struct Result {
+    const Input* input = nullptr;
     std::vector<Report> reports;
+    bool is_unread = false;
+    bool begins_input = true;
     bool ends_input = true;
   };
 
@@ -89,7 +98,11 @@ class Batch {
                     const std::string& file) const;
   Report Handle(const RecordHandler& handler, const std::string& name,
                 const std::string& bytes) const;
-  void Finish(const Result& result);
+  // `prefix` is for an error that does not name the input itself.
+  Report Unhandled(const RecordHandler& handler, const std::string& name,
+                   const std::string& error, const std::string& prefix) const;
+  void Finish(const RecordHandler& handler, const Result& result);
+  void ReportError(const std::string& error);
   void WriteReport(const Report& report);
   void WriteFailures() const;
 
@@ -97,6 +110,8 @@ class Batch {
   Inputs inputs_;
   bool delimited_ = false;
   size_t jobs_ = 0;
+  std::string output_path_;
+  std::optional<BatchOutput> output_;
 
   size_t next_input_ = 0;
   std::unique_ptr<std::istream> stream_;
@@ -108,6 +123,7 @@ class Batch {
   size_t total_ = 0;
   size_t unread_ = 0;
   size_t damaged_ = 0;
+  size_t unwritten_ = 0;
 };
 
 }  // namespace tools

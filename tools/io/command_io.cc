@@ -14,6 +14,7 @@
 #include "tools/formats/base64.h"
 #include "tools/identify/identify.h"
 #include "tools/io/hex_text.h"
+#include "tools/io/output_file.h"
 #include "tools/wire/escape.h"
 
 namespace vantiro {
@@ -94,12 +95,9 @@ std::ifstream CommandIo::Open(const std::string& file) {
 }
 
 void CommandIo::WriteFile(const std::string& file, std::string_view bytes) {
-  std::ofstream stream(file, std::ios::binary);
-  stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!stream.flush()) {
-    throw UsageError("cannot write " + EscapeControls(file) + ": " +
-                     std::strerror(errno));
-  }
+  OutputFile output(file);
+  output.Write(bytes);
+  output.Commit();
 }
 
 const Descriptor& CommandIo::TypeOf(const std::string& name,
@@ -153,8 +151,9 @@ void CommandIo::RaiseStatus(ExitStatus status) {
 
 Style CommandIo::style() const {
   const char* const no_color = std::getenv("NO_COLOR");
-  const bool is_auto_coloured =
-      (no_color == nullptr || *no_color == '\0') && isatty(STDOUT_FILENO) != 0;
+  const bool is_auto_coloured = !has_output_file_ &&
+                                (no_color == nullptr || *no_color == '\0') &&
+                                isatty(STDOUT_FILENO) != 0;
   return Style(color_ == "always" || (color_ == "auto" && is_auto_coloured));
 }
 

@@ -66,6 +66,8 @@ class CommandIo {
   // Sets the exit status, unless it is higher already.
   void RaiseStatus(ExitStatus status);
 
+  // The output goes to a file, which has no colours unless --color says so.
+  void SetHasOutputFile() { has_output_file_ = true; }
   Style style() const;
   bool quiet() const { return quiet_; }
   // Whether ReadBytes decodes hexadecimal or base64.
@@ -76,6 +78,7 @@ class CommandIo {
   bool hex_ = false;
   bool base64_ = false;
   bool quiet_ = false;
+  bool has_output_file_ = false;
   std::string color_ = "auto";
   ExitStatus status_ = kSuccess;
 };
