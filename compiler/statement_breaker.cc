@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
-#include <set>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -53,6 +53,27 @@ struct Level {
   bool is_argument_broken;
   bool is_operation_broken;
   bool is_in_middle = false;
+
+  bool operator==(const Level& other) const { return Key() == other.Key(); }
+
+ private:
+  std::tuple<int, int, int, int, int, int, bool, bool, bool, bool, bool, bool,
+             bool>
+  Key() const {
+    return {indent,
+            last_start,
+            expression_start,
+            unary_operand_start,
+            chain_start,
+            nesting,
+            may_break_chain,
+            argument_starts_line,
+            is_broken,
+            is_broken_at_comma,
+            is_argument_broken,
+            is_operation_broken,
+            is_in_middle};
+  }
 };
 
 // How a token was placed: the column of the line that it starts, or -1, and the
@@ -137,11 +158,16 @@ class StatementBreaker {
   // cheapest kMaxStates.
   static std::vector<State> Cheapest(std::vector<State> states) {
     std::stable_sort(states.begin(), states.end(), IsCheaper);
-    std::set<Ints> keys;
     std::vector<State> result;
     for (State& state : states) {
       if (result.size() == kMaxStates) break;
-      if (keys.insert(Key(state)).second) result.push_back(std::move(state));
+      const bool is_known = std::any_of(
+          result.begin(), result.end(), [&state](const State& other) {
+            return other.column == state.column &&
+                   other.is_type_broken == state.is_type_broken &&
+                   other.levels == state.levels;
+          });
+      if (!is_known) result.push_back(std::move(state));
     }
     return result;
   }
@@ -184,24 +210,6 @@ class StatementBreaker {
     return level.may_break_chain &&
            (level.argument_starts_line ||
             statement_.Text(statement_.EndOfMember(i)) != ",");
-  }
-
-  // What decides how the rest of the statement can be broken.
-  static Ints Key(const State& state) {
-    Ints key = {state.column, static_cast<int>(state.is_type_broken)};
-    for (const Level& level : state.levels) {
-      key.insert(key.end(),
-                 {level.indent, level.last_start, level.expression_start,
-                  level.unary_operand_start, level.chain_start,
-                  static_cast<int>(level.may_break_chain),
-                  static_cast<int>(level.argument_starts_line),
-                  static_cast<int>(level.is_operation_broken),
-                  static_cast<int>(level.is_in_middle),
-                  static_cast<int>(level.is_broken),
-                  static_cast<int>(level.is_broken_at_comma),
-                  static_cast<int>(level.is_argument_broken)});
-    }
-    return key;
   }
 
   // Whether the break would be in a call that is an argument, but neither the

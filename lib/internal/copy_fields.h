@@ -81,10 +81,10 @@ __attribute__((noinline, cold)) void Renew(Repeated* field) {
 template <typename T>
 __attribute__((flatten, noinline)) void CopyElements(
     const RepeatedField<T>& from, CopyTarget target, RepeatedField<T>* field) {
+  if (field->Capacity() == 0) return AddElements(from, field);
   const int new_capacity =
       from.empty() ? 0 : std::max(kMinCapacity, from.size());
-  if (target == CopyTarget::kNew && field->Capacity() != 0 &&
-      field->Capacity() != new_capacity) {
+  if (target == CopyTarget::kNew && field->Capacity() != new_capacity) {
     Renew(field);
   }
   field->Clear();

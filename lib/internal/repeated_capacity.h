@@ -73,6 +73,7 @@ inline void ReserveByDoubling(int64_t count, RepeatedField<T>* field) {
 // To be called when `field` is full. Out of line, since AddElement is inline.
 template <typename T>
 __attribute__((noinline)) void GrowForOneMore(RepeatedField<T>* field) {
+  if (field->Capacity() == 0) return field->Reserve(kMinCapacity);
   SetCapacity(NextCapacity(field->Capacity()), field);
 }
 
