@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "all_types.h"
 #include "tests/contract/every_kind.h"
 
 namespace vantiro {
@@ -14,6 +15,7 @@ namespace tests {
 namespace {
 
 using google::protobuf::io::ArrayInputStream;
+using z3a_debug_data::zabc::AlgorithmInputs;
 
 template <typename T>
 class CapacityOf : public testing::Test {};
@@ -65,6 +67,26 @@ TYPED_TEST(CapacityOf, AMergeOrACopyIsWhatIsNeededUnlessTwiceTheOldIsMore) {
     TypeParam made(from);
     EXPECT_EQ(made.mutable_float_list()->Capacity(),
               c.count == 0 ? 0 : std::max(c.count, 4));
+  }
+}
+
+// CopyFrom clears first, which frees a child: a copy of it has no other
+// capacity than that of a new message.
+TEST(Capacity, OfAChildThatIsCopiedIsThatOfANewOne) {
+  for (const int count : {0, 1, 5}) {
+    for (const int old_count : {0, 1, 5}) {
+      AlgorithmInputs from;
+      AlgorithmInputs to;
+      auto* const child = from.mutable_zawb_info();
+      for (int i = 0; i < count; ++i) child->add_field_2(1);
+      for (int i = 0; i < old_count; ++i) {
+        to.mutable_zawb_info()->add_field_2(1);
+      }
+      to.CopyFrom(from);
+      EXPECT_EQ(to.zawb_info().field_2().Capacity(),
+                count == 0 ? 0 : std::max(count, 4))
+          << count << " instead of " << old_count;
+    }
   }
 }
 

@@ -112,30 +112,6 @@ TEST_F(OperationsOnEveryType, KeepTheContentOfRandomRecords) {
   }
 }
 
-// A copy clears first, which frees sub-messages: they, and what is below them,
-// have no other capacities than new ones.
-TEST_F(OperationsOnEveryType, CopyAsIfTheTargetsSubMessagesWereNew) {
-  std::mt19937 random(1);
-  for (const Type& type : AllTypes()) {
-    Arena arena;
-    const auto merge = [&](int times, CheckedMessage* message) {
-      for (; times > 0; --times) {
-        message->Merge({RandomRecord(type, Values::kExtreme, &random, 2)});
-      }
-    };
-    for (int held = 0; held < 4; ++held) {
-      for (int copied = 0; copied < 4; ++copied) {
-        CheckedMessage from(type, nullptr);
-        merge(copied, &from);
-        CheckedMessage to(type, random() % 2 == 0 ? &arena : nullptr);
-        merge(held, &to);
-        to.CopyFrom(from);
-        ExpectCapacityOfTheModel(type, &to);
-      }
-    }
-  }
-}
-
 TEST_F(OperationsOnEveryType, KeepTheContentOfRecords) {
   for (const std::string& name : RecordTypes()) {
     const std::string record = ReadData("records/" + name + ".bin");
