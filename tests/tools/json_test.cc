@@ -7,6 +7,7 @@
 #include <google/protobuf/util/json_util.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 #include <random>
 #include <regex>
@@ -67,6 +68,37 @@ class ProtoJson : public testing::Test {
  private:
   DynamicMessageFactory factory_;
 };
+
+TEST_F(ProtoJson, IsTheSameAsALine) {
+  ForRandomRecords([](const Message& message) {
+    // Damage makes strings that are not UTF-8, unknown fields and NaNs.
+    std::string bytes = message.SerializeAsString();
+    for (size_t i = 0; i < 4; ++i) {
+      const Record record =
+          MakeRecord(ReadRecord(*message.GetDescriptor(), bytes));
+      for (const JsonOptions& options :
+           {JsonOptions{false, false}, JsonOptions{true, true}}) {
+        ASSERT_EQ(JsonLine(record, options),
+                  JsonText(ToJson(record, options), -1));
+      }
+      if (!bytes.empty()) bytes[bytes.size() * i / 4] ^= '\x55';
+    }
+  });
+}
+
+// At each power of ten, where the notation changes.
+TEST(JsonLine, WritesFloatsAsJsonDoes) {
+  const FieldDescriptor& field =
+      *Schema::BuiltIn().FindMessage("RegionDimension").FindFieldByNumber(1);
+  for (int power = -45; power <= 38; ++power) {
+    for (const double factor : {1.0, -1.0, 1.5, 1.2345678, 9.9999999}) {
+      Record record(*field.containing_type());
+      record.Mutable(field)->scalars = {
+          FromFloat(static_cast<float>(factor * std::pow(10, power)))};
+      EXPECT_EQ(JsonLine(record, {}), JsonText(ToJson(record, {}), -1));
+    }
+  }
+}
 
 TEST_F(ProtoJson, IsReadByTheRuntime) {
   ForRandomRecords([this](const Message& message) {

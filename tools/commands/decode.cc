@@ -122,6 +122,11 @@ class Decoder : public RecordHandler {
   // One document, or JSON Lines for several records.
   void WriteJson(const std::string& name, const Record& record,
                  const std::optional<Fault>& fault, std::ostream* out) const {
+    if (has_several_ && paths_.empty() && !fault.has_value()) {
+      *out << "{\"file\":" << JsonText(name, -1)
+           << ",\"record\":" << JsonLine(record, json_) << "}\n";
+      return;
+    }
     Json json =
         paths_.empty() ? ToJson(record, json_) : ToJson(paths_, record, json_);
     if (fault.has_value() && !json_.is_strict) {

@@ -5,29 +5,36 @@
 
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vantiro {
 namespace tools {
 
-// Writes a row as RFC 4180 has it, but with a line feed at its end: cells with
-// a comma, a quote or a line break are quoted.
+// Adds a cell as RFC 4180 has it: one with a comma, a quote or a line break is
+// quoted.
+inline void AddCsvCell(std::string_view cell, std::string* text) {
+  if (cell.find_first_of(",\"\r\n") == std::string_view::npos) {
+    *text += cell;
+    return;
+  }
+  *text += '"';
+  for (const char c : cell) {
+    if (c == '"') *text += '"';
+    *text += c;
+  }
+  *text += '"';
+}
+
+// Writes a row of such cells, with a line feed at its end.
 inline void WriteCsvRow(const std::vector<std::string>& cells,
                         std::ostream* out) {
-  for (size_t i = 0; i < cells.size(); ++i) {
-    if (i > 0) *out << ',';
-    if (cells[i].find_first_of(",\"\r\n") == std::string::npos) {
-      *out << cells[i];
-      continue;
-    }
-    *out << '"';
-    for (const char c : cells[i]) {
-      if (c == '"') *out << '"';
-      *out << c;
-    }
-    *out << '"';
+  std::string row;
+  for (const std::string& cell : cells) {
+    if (&cell != cells.data()) row += ',';
+    AddCsvCell(cell, &row);
   }
-  *out << '\n';
+  *out << row << '\n';
 }
 
 }  // namespace tools

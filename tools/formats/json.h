@@ -36,6 +36,8 @@ Json ToJson(const Paths& paths, const Record& record,
 // The text of the JSON, with escapes for what EscapeControls escapes; in lines
 // with an indentation of `indent`, or in one line if that is -1.
 std::string JsonText(const Json& json, int indent);
+// JsonText(ToJson(record, options), -1), several times as fast.
+std::string JsonLine(const Record& record, const JsonOptions& options);
 // The value of "@error".
 Json ToJson(const Fault& fault);
 

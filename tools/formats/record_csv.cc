@@ -53,13 +53,24 @@ void RecordCsv::WriteRecord(const std::string& file, const Record& record,
     WriteCsvRow(row, &out_);
     return;
   }
-  bool is_empty = true;
+  std::string first_cell;
+  AddCsvCell(FileCell(file), &first_cell);
+  std::string last_cell;
+  AddCsvCell(error, &last_cell);
+  std::string rows;
   VisitLeaves(record, "",
               [&](const std::string& path, const std::string& value) {
-                WriteCsvRow({FileCell(file), path, value, error}, &out_);
-                is_empty = false;
+                rows += first_cell;
+                rows += ',';
+                AddCsvCell(path, &rows);
+                rows += ',';
+                AddCsvCell(value, &rows);
+                rows += ',';
+                rows += last_cell;
+                rows += '\n';
               });
-  if (is_empty && !error.empty()) WriteError(file, error);
+  out_ << rows;
+  if (rows.empty() && !error.empty()) WriteError(file, error);
 }
 
 void RecordCsv::WriteError(const std::string& file, const std::string& error) {

@@ -86,18 +86,21 @@ Record MakeRecord(const RecordTree& tree) {
 }
 
 void RemoveDefaults(Record* record) {
-  for (auto entry = record->fields.begin(); entry != record->fields.end();) {
-    for (Record& message : entry->second.messages) RemoveDefaults(&message);
-    const bool is_removed = record->is_complete && IsDefault(entry->second);
-    entry = is_removed ? record->fields.erase(entry) : ++entry;
+  for (auto& entry : record->fields) {
+    for (Record& message : entry.second.messages) RemoveDefaults(&message);
   }
+  if (!record->is_complete) return;
+  record->fields.RemoveIf(
+      [](const auto& entry) { return IsDefault(entry.second); });
 }
 
 void AddDefaults(Record* record) {
   for (int i = 0; record->is_complete && i < record->type->field_count(); ++i) {
     const FieldDescriptor& field = *record->type->field(i);
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) continue;
-    record->fields.emplace(field.number(), DefaultValue(field));
+    if (record->fields.count(field.number()) == 0) {
+      record->fields[field.number()] = DefaultValue(field);
+    }
   }
   for (auto& entry : record->fields) {
     for (Record& message : entry.second.messages) AddDefaults(&message);

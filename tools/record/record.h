@@ -6,12 +6,12 @@
 #include <google/protobuf/unknown_field_set.h>
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "tools/schema/schema.h"
+#include "tools/wire/flat_map.h"
 #include "tools/wire/record_tree.h"
 
 namespace vantiro {
@@ -62,7 +62,7 @@ struct Record {
   bool is_complete = true;
   // By field number. A field without an entry has its default value; in a
   // message that is not complete, an unknown one.
-  std::map<int, FieldValue> fields;
+  FlatMap<FieldValue> fields;
   google::protobuf::UnknownFieldSet unknown;
 };
 

@@ -3,11 +3,11 @@
 #ifndef VANTIRO_TOOLS_WIRE_TREE_READER_H_
 #define VANTIRO_TOOLS_WIRE_TREE_READER_H_
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "tools/wire/flat_map.h"
 #include "tools/wire/record_tree.h"
 #include "tools/wire/wire_reader.h"
 
@@ -29,9 +29,9 @@ class TreeReader {
     size_t count = 0;
     size_t capacity = 0;
     // In a singular message, with which further occurrences are merged.
-    std::unique_ptr<std::map<int, FieldState>> sub;
+    std::unique_ptr<FlatMap<FieldState>> sub;
   };
-  using MessageState = std::map<int, FieldState>;
+  using MessageState = FlatMap<FieldState>;
   // A step of the path to the position; the descriptor of an unknown field is
   // null.
   struct Step {
