@@ -10,7 +10,6 @@
 #include <cmath>
 #include <memory>
 #include <random>
-#include <regex>
 #include <string>
 
 #include "tests/conformance/model/samples.h"
@@ -131,8 +130,6 @@ TEST_F(ProtoJson, OfTheRuntimeIsRead) {
       ASSERT_TRUE(
           google::protobuf::util::MessageToJsonString(message, &json, options)
               .ok());
-      // To the JSON library -0 is an integer, which has no sign.
-      json = std::regex_replace(json, std::regex("-0([,\\]}])"), "-0.0$1");
       ASSERT_EQ(ToHex(Serialize(ReadJson(type, json))),
                 ToHex(Canonical(type, message.SerializeAsString())))
           << json;

@@ -36,6 +36,11 @@ bool IsWhole(double number) {
 
 // The text of a scalar, as ScalarText writes it.
 std::string TextOf(const FieldDescriptor& field, const Json& value) {
+  // Only -0 is a signed integer that is zero: others are unsigned.
+  if (value.is_number_integer() && !value.is_number_unsigned() && value == 0 &&
+      IsFloat(field)) {
+    return "-0.0";
+  }
   if (value.is_number_float() && !IsFloat(field) &&
       IsWhole(value.get<double>())) {
     return std::to_string(static_cast<int64_t>(value.get<double>()));
