@@ -16,6 +16,7 @@ namespace {
 
 using google::protobuf::io::ArrayInputStream;
 using z3a_debug_data::zabc::AlgorithmInputs;
+using z3a_debug_data::zhawb::ZHawbDebugParameterInput;
 
 template <typename T>
 class CapacityOf : public testing::Test {};
@@ -88,6 +89,21 @@ TEST(Capacity, OfAChildThatIsCopiedIsThatOfANewOne) {
           << count << " instead of " << old_count;
     }
   }
+}
+
+// An element that was cleared keeps its capacity, and is the next one that is
+// added.
+TEST(Capacity, OfAnElementClearedInAChildThatIsCopiedIsThatOfANewOne) {
+  ZHawbDebugParameterInput from;
+  from.mutable_calibration_information();
+  ZHawbDebugParameterInput to;
+  auto* const child = to.mutable_calibration_information();
+  child->add_calibration_data_list()->add_field_2(1);
+  child->clear_calibration_data_list();
+  to.CopyFrom(from);
+  const auto* const element =
+      to.mutable_calibration_information()->add_calibration_data_list();
+  EXPECT_EQ(element->field_2().Capacity(), 0);
 }
 
 TEST(Capacity, StaysWithAMessageSwappedAcrossArenas) {
