@@ -1,8 +1,6 @@
 // The clearing, merging, copying and swapping of a message, which go into the
 // source.
 
-#include <set>
-
 #include "compiler/message_generator.h"
 
 namespace vantiro {
@@ -27,26 +25,19 @@ std::string MessageGenerator::Clearing() const {
 }
 
 std::string MessageGenerator::Merging() const {
-  std::set<const FieldGenerator*> together;
   std::string scalars;
-  for (const auto& group : ScalarGroups()) {
-    if (group.front()->size_kind().empty() || group.size() < 2) continue;
-    together.insert(group.begin(), group.end());
+  for (const auto& group : JoinedGroups()) {
     scalars += Substitute(GroupVariables(group), R"(
       $comment$
       $internal$::MergeScalars<$count$>(&from.$scalars$.$first$, &$scalars$.$first$);
   )");
-  }
-  std::string others;
-  for (const auto& field : fields_) {
-    if (together.count(field.get()) == 0) others += field->Merge();
   }
   const std::string merge =
       Function("void $Class$::MergeFrom(const $Class$& from)",
                IfDefaultInstance("&from", "return;") +
                    "_internal_metadata_.MergeFrom<::std::string>("
                    "from._internal_metadata_);\n" +
-                   Arena() + scalars + others);
+                   Arena() + scalars + ForOtherFields(&FieldGenerator::Merge));
   return Substitute(Combine(variables_, {{"merge", merge}}), R"(
       $merge$
 

@@ -86,6 +86,10 @@ class MessageGenerator {
   // The scalars in the order in which they are members, those of one kind
   // together.
   std::vector<std::vector<const FieldGenerator*>> ScalarGroups() const;
+  // Those of several scalars that one call sizes or merges together.
+  std::vector<std::vector<const FieldGenerator*>> JoinedGroups() const;
+  // What `function` returns for each field that is in none of these.
+  std::string ForOtherFields(FieldFunction function) const;
   // variables() with those of fields that one call takes together: $first$,
   // $last$, $count$, $tag$ and $tag_value$ of the first; and $comment$, which
   // names the fields if there are several.

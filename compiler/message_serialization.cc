@@ -36,6 +36,28 @@ std::vector<Fields> MessageGenerator::ScalarGroups() const {
   return groups;
 }
 
+std::vector<Fields> MessageGenerator::JoinedGroups() const {
+  std::vector<Fields> groups;
+  for (const Fields& group : ScalarGroups()) {
+    if (!group.front()->size_kind().empty() && group.size() > 1) {
+      groups.push_back(group);
+    }
+  }
+  return groups;
+}
+
+std::string MessageGenerator::ForOtherFields(FieldFunction function) const {
+  std::set<const FieldGenerator*> joined;
+  for (const Fields& group : JoinedGroups()) {
+    joined.insert(group.begin(), group.end());
+  }
+  std::string result;
+  for (const auto& field : fields_) {
+    if (joined.count(field.get()) == 0) result += (field.get()->*function)();
+  }
+  return result;
+}
+
 std::string MessageGenerator::AddSizes(const Fields& group) const {
   const auto two_byte_tags = static_cast<size_t>(
       std::count_if(group.begin(), group.end(),
@@ -63,15 +85,10 @@ std::string MessageGenerator::WriteFloats(const Fields& run) const {
   )");
 }
 
-// Scalars of one kind have their sizes taken together, unless there is one
-// only.
 std::string MessageGenerator::SizeFields() const {
-  std::set<const FieldGenerator*> together;
   std::string sizes;
   std::string bools;
-  for (const Fields& group : ScalarGroups()) {
-    if (group.front()->size_kind().empty() || group.size() < 2) continue;
-    together.insert(group.begin(), group.end());
+  for (const Fields& group : JoinedGroups()) {
     (group.front()->size_kind() == "Bool" ? bools : sizes) += AddSizes(group);
   }
   std::string result = bools;
@@ -82,10 +99,7 @@ std::string MessageGenerator::SizeFields() const {
       size += sizes.Total();
   )");
   }
-  for (const auto& field : fields_) {
-    if (together.count(field.get()) == 0) result += field->ByteSize();
-  }
-  return result;
+  return result + ForOtherFields(&FieldGenerator::ByteSize);
 }
 
 Fields MessageGenerator::FloatRun(size_t begin) const {

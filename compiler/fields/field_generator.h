@@ -27,7 +27,6 @@ class FieldGenerator {
   const std::string& name() const { return variables_.at("name"); }
   const std::string& raw_tag() const { return variables_.at("tag"); }
   const std::string& tag_value() const { return variables_.at("tag_value"); }
-  // The member that holds all scalars of the class.
   // What the source calls the namespace of lib/internal.
   const std::string& internal_namespace() const {
     return variables_.at("internal");

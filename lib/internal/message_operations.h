@@ -21,8 +21,8 @@
 namespace vantiro {
 namespace internal {
 
-// Merging a field whose value in the other message is `value`, or `from`. What
-// would not be written is not merged.
+// Merging a field that is `from` in the other message. What would not be
+// written is not merged.
 
 inline void MergeString(const google::protobuf::internal::ArenaStringPtr& from,
                         google::protobuf::Arena* arena,
