@@ -21,6 +21,7 @@ void AddList(CLI::App* program, CommandIo* io);
 void AddScan(CLI::App* program, CommandIo* io);
 void AddShow(CLI::App* program, CommandIo* io);
 void AddSplit(CLI::App* program, CommandIo* io);
+void AddStats(CLI::App* program, CommandIo* io);
 
 }  // namespace tools
 }  // namespace vantiro

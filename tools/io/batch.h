@@ -64,6 +64,9 @@ class Batch {
     return delimited_ || (inputs_.are_several() && !output_->is_folder());
   }
 
+  // Whether there is a file for each input.
+  bool WritesFolder() const { return output_->is_folder(); }
+
   // Handles all records, and writes the reports in the order of the inputs. An
   // input that cannot be read, or a record that cannot be handled, does not
   // stop the others.

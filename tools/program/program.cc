@@ -37,6 +37,7 @@ std::unique_ptr<CLI::App> MakeProgram(CommandIo* io) {
   AddEncode(program.get());
   AddAnnotate(program.get(), io);
   AddDiff(program.get(), io);
+  AddStats(program.get(), io);
   AddIdentify(program.get(), io);
   AddCheck(program.get(), io);
   AddSplit(program.get(), io);
