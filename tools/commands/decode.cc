@@ -10,6 +10,7 @@
 #include "tools/formats/record_csv.h"
 #include "tools/formats/text_format.h"
 #include "tools/io/batch.h"
+#include "tools/record/elements.h"
 #include "tools/record/path.h"
 #include "tools/record/value_text.h"
 #include "tools/wire/escape.h"
@@ -23,6 +24,7 @@ struct Options {
   std::string type;
   std::string format = "text";
   std::vector<std::string> paths;
+  std::string each;
   bool defaults = false;
   std::string names = "json";
   bool strict = false;
@@ -36,10 +38,15 @@ class Decoder : public RecordHandler {
         io_(io),
         style_(io.style()),
         paths_(options.paths, Types(options.type)),
-        json_{options.names == "original", options.strict} {}
+        json_{options.names == "original", options.strict} {
+    if (options.each.empty()) return;
+    elements_.emplace(options.each, options.paths, Types(options.type));
+  }
 
   std::string Extension() const override {
-    if (options_.format == "json") return has_several_ ? ".jsonl" : ".json";
+    if (options_.format == "json") {
+      return has_several_ || elements_.has_value() ? ".jsonl" : ".json";
+    }
     if (options_.format == "csv") return ".csv";
     return options_.format == "text" ? ".txtpb" : ".txt";
   }
@@ -59,7 +66,9 @@ class Decoder : public RecordHandler {
     RemoveDefaults(&record);
     if (options_.defaults) AddDefaults(&record);
     std::ostringstream out;
-    if (options_.format == "csv") {
+    if (elements_.has_value()) {
+      WriteElements(name, record, tree.fault, &out);
+    } else if (options_.format == "csv") {
       Csv(&out).WriteRecord(name, record, tree.ok() ? "" : tree.fault->Text());
     } else if (options_.format == "json") {
       WriteJson(name, record, tree.fault, &out);
@@ -77,10 +86,7 @@ class Decoder : public RecordHandler {
                    Report* report) const override {
     if (!has_several_) return false;
     std::ostringstream out;
-    if (options_.format == "csv") Csv(&out).WriteError(name, error);
-    if (options_.format == "json") {
-      out << JsonText({{"file", name}, {"error", error}}, -1) << '\n';
-    }
+    WriteError(name, error, &out);
     report->output = out.str();
     return false;
   }
@@ -92,7 +98,50 @@ class Decoder : public RecordHandler {
     return {&schema.FindMessage(name)};
   }
 
-  RecordCsv Csv(std::ostream* out) const { return {paths_, json_, out}; }
+  RecordCsv Csv(std::ostream* out) const {
+    return Csv(elements_.has_value() ? elements_->paths() : paths_, out);
+  }
+  RecordCsv Csv(const Paths& paths, std::ostream* out) const {
+    RecordCsv csv(paths, json_, out);
+    if (elements_.has_value()) csv.SetHasElements();
+    return csv;
+  }
+
+  // A row or a line of JSON for each element.
+  void WriteElements(const std::string& name, const Record& record,
+                     const std::optional<Fault>& fault,
+                     std::ostream* out) const {
+    const std::string error = fault.has_value() ? fault->Text() : "";
+    bool has_rows = false;
+    elements_->Visit(record, [&](const std::string& element,
+                                 const Paths& paths) {
+      has_rows = true;
+      if (options_.format == "csv") {
+        Csv(paths, out).WriteElement(name, element, record, error);
+        return;
+      }
+      Json json = ToJson(paths, record, json_);
+      AddFault(fault, &json);
+      *out << JsonText({{"file", name}, {"element", element}, {"record", json}},
+                       -1)
+           << '\n';
+    });
+    if (!has_rows && fault.has_value()) WriteError(name, error, out);
+  }
+
+  // What stands for a record that has no rows.
+  void WriteError(const std::string& name, const std::string& error,
+                  std::ostream* out) const {
+    if (options_.format == "csv") Csv(out).WriteError(name, error);
+    if (options_.format == "json") {
+      *out << JsonText({{"file", name}, {"error", error}}, -1) << '\n';
+    }
+  }
+
+  void AddFault(const std::optional<Fault>& fault, Json* json) const {
+    if (!fault.has_value() || json_.is_strict) return;
+    (*json)[kErrorMember] = ToJson(*fault);
+  }
 
   void WriteReadable(const Record& record, std::ostream* out) const {
     if (paths_.empty()) {
@@ -129,9 +178,7 @@ class Decoder : public RecordHandler {
     }
     Json json =
         paths_.empty() ? ToJson(record, json_) : ToJson(paths_, record, json_);
-    if (fault.has_value() && !json_.is_strict) {
-      json[kErrorMember] = ToJson(*fault);
-    }
+    AddFault(fault, &json);
     if (has_several_) {
       *out << JsonText({{"file", name}, {"record", json}}, -1) << '\n';
     } else {
@@ -145,9 +192,15 @@ class Decoder : public RecordHandler {
   const Style style_;
   const Paths paths_;
   const JsonOptions json_;
+  // With --each.
+  std::optional<ElementPaths> elements_;
 };
 
 void Decode(const Options& options, Batch* batch, const CommandIo& io) {
+  if (!options.each.empty() && options.format != "csv" &&
+      options.format != "json") {
+    throw UsageError("--each needs --format csv or json");
+  }
   batch->FindInputs();
   batch->Run(Decoder(options, batch->HasSeveral(), io));
 }
@@ -175,6 +228,11 @@ void AddDecode(CLI::App* program, CommandIo* io) {
                    "given again")
       ->type_name("PATH")
       ->allow_extra_args(false);
+  command
+      ->add_option("--each", options->each,
+                   "In CSV and JSON a row for each element of this repeated "
+                   "field; a --path that begins like it leads to the element")
+      ->type_name("PATH");
   command->add_flag("--defaults", options->defaults,
                     "Show also fields with their default value");
   command

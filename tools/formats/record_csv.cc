@@ -37,6 +37,7 @@ std::string Cell(const std::optional<Path>& path, const Record& record,
 void RecordCsv::WriteHeadings() {
   std::vector<std::string> row = {"file"};
   row.insert(row.end(), paths_.texts().begin(), paths_.texts().end());
+  if (has_elements_) row.insert(row.begin() + 1, "element");
   if (paths_.empty()) row = {"file", "path", "value"};
   row.emplace_back("error");
   WriteCsvRow(row, &out_);
@@ -73,8 +74,20 @@ void RecordCsv::WriteRecord(const std::string& file, const Record& record,
   if (rows.empty() && !error.empty()) WriteError(file, error);
 }
 
+void RecordCsv::WriteElement(const std::string& file,
+                             const std::string& element, const Record& record,
+                             const std::string& error) {
+  std::vector<std::string> row = {FileCell(file), element};
+  for (const std::optional<Path>& path : paths_.For(*record.type)) {
+    row.push_back(Cell(path, record, options_));
+  }
+  row.push_back(error);
+  WriteCsvRow(row, &out_);
+}
+
 void RecordCsv::WriteError(const std::string& file, const std::string& error) {
-  std::vector<std::string> row(paths_.empty() ? 4 : paths_.texts().size() + 2);
+  std::vector<std::string> row(
+      paths_.empty() ? 4 : paths_.texts().size() + (has_elements_ ? 3 : 2));
   row.front() = FileCell(file);
   row.back() = error;
   WriteCsvRow(row, &out_);

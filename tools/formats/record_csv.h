@@ -12,19 +12,24 @@
 namespace vantiro {
 namespace tools {
 
-// One row for each file if there are paths, otherwise one for each value. The
-// last column is for an error.
+// One row for each file if there are paths, otherwise one for each value; or
+// one for each element of a repeated field. The last column is for an error.
 class RecordCsv {
  public:
   // Messages in cells are JSON.
   RecordCsv(const Paths& paths, const JsonOptions& options, std::ostream* out)
       : paths_(paths), options_(options), out_(*out) {}
+  // The second column is for an element.
+  void SetHasElements() { has_elements_ = true; }
 
   void WriteHeadings();
   // A cell is empty if its path leads to nothing that is in the record's bytes
   // or follows from them.
   void WriteRecord(const std::string& file, const Record& record,
                    const std::string& error);
+  // A row for the element that `element` and the paths lead to.
+  void WriteElement(const std::string& file, const std::string& element,
+                    const Record& record, const std::string& error);
   // The row of a file that is no record.
   void WriteError(const std::string& file, const std::string& error);
 
@@ -32,6 +37,7 @@ class RecordCsv {
   const Paths& paths_;
   const JsonOptions options_;
   std::ostream& out_;
+  bool has_elements_ = false;
 };
 
 }  // namespace tools

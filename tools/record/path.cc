@@ -67,8 +67,10 @@ void SelectFrom(const Path& path, size_t depth, const Record& record,
   }
   if (!is_there) return;
   const std::vector<Record>& messages = entry->second.messages;
-  for (size_t i = 0; i < messages.size(); ++i) {
-    if (step.index.has_value() && *step.index != i) continue;
+  const size_t begin = step.index.value_or(0);
+  const size_t end = std::min(
+      messages.size(), step.index.has_value() ? begin + 1 : messages.size());
+  for (size_t i = begin; i < end; ++i) {
     if (depth + 1 == path.steps.size()) {
       selected->push_back({&messages[i], nullptr, std::nullopt});
     } else {
@@ -129,6 +131,20 @@ Paths::Paths(std::vector<std::string> texts,
     if (types.size() == 1) throw NameError(*error);
     throw NameError("no type has the path " + texts_[i]);
   }
+}
+
+Paths Paths::CopyFor(const Descriptor& type) const {
+  Paths copy;
+  copy.texts_ = texts_;
+  std::vector<std::optional<Path>>* const paths = &copy.paths_[&type];
+  for (const std::optional<Path>& path : For(type)) {
+    paths->emplace_back();
+    if (!path.has_value()) continue;
+    paths->back().emplace();
+    paths->back()->steps = path->steps;
+    paths->back()->default_value = DefaultValue(*path->steps.back().field);
+  }
+  return copy;
 }
 
 }  // namespace tools

@@ -54,6 +54,12 @@ class Paths {
   Paths(std::vector<std::string> texts,
         const std::vector<const Descriptor*>& types);
 
+  // A copy for records of `type` alone, with its paths to change.
+  Paths CopyFor(const Descriptor& type) const;
+  std::vector<std::optional<Path>>* Mutable(const Descriptor& type) {
+    return &paths_.at(&type);
+  }
+
   const std::vector<std::string>& texts() const { return texts_; }
   bool empty() const { return texts_.empty(); }
 
@@ -64,6 +70,8 @@ class Paths {
   }
 
  private:
+  Paths() = default;
+
   std::vector<std::string> texts_;
   std::map<const Descriptor*, std::vector<std::optional<Path>>> paths_;
 };
