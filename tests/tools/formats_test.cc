@@ -33,13 +33,13 @@ std::string ToText(const Record& record) {
 
 void ExpectRoundTrip(const Descriptor& type, const std::string& bytes) {
   SCOPED_TRACE(type.full_name() + "\n  bytes: " + ToHex(bytes));
-  Record record = MakeRecord(ReadRecord(type, bytes));
+  Record record = DecodeRecord(type, bytes).record;
   const std::string written = ToHex(Serialize(record));
   RemoveDefaults(&record);
   for (const bool with_zeros : {false, true}) {
     if (with_zeros) AddDefaults(&record);
     EXPECT_EQ(ToHex(Serialize(ReadText(type, ToText(record)))), written);
-    EXPECT_EQ(ToHex(Serialize(ReadJson(type, ToJson(record, {}).dump()))),
+    EXPECT_EQ(ToHex(Serialize(ReadJson(type, RecordJson(record, {})))),
               written);
   }
 }

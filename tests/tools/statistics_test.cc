@@ -146,7 +146,7 @@ TEST(RecordStatistics, AreThoseOfANaiveComputation) {
           i % 2 == 0 ? tests::Values::kPlausible : tests::Values::kExtreme,
           &random);
       const RecordTree tree = ReadRecord(*root, bytes);
-      Record record = MakeRecord(tree);
+      Record record = DecodeRecord(*tree.type, tree.bytes).record;
       RemoveDefaults(&record);
       AddNaively(record, &naive);
       statistics.Add(tree, record);

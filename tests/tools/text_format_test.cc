@@ -61,7 +61,7 @@ class Texts {
     parser.RecordErrorsTo(&no_log);
     if (!parser.ParseFromString(text, message.get())) return std::nullopt;
     const std::string bytes = message->SerializeAsString();
-    return Serialize(MakeRecord(ReadRecord(type, bytes)));
+    return Serialize(DecodeRecord(type, bytes).record);
   }
 
  private:

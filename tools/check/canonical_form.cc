@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "tools/check/classes.h"
-#include "tools/wire/record_tree.h"
+#include "tools/wire/record_reader.h"
 
 namespace vantiro {
 namespace tools {
@@ -21,32 +23,54 @@ void Count(const std::string& name, size_t offset,
     counts->push_back({name, 1, offset});
   } else {
     ++found->count;
+    found->offset = std::min(found->offset, offset);
   }
 }
 
-void Count(EncodingFlags flags, size_t offset, CanonicalFormReport* report) {
-  for (const std::string& name : flags.NotCanonical().Names()) {
-    Count(name, offset, &report->differences);
-  }
-  for (const std::string& name : flags.Canonical().Names()) {
-    Count(name, offset, &report->remarks);
-  }
-}
+class FlagCounter : public RecordVisitor {
+ public:
+  explicit FlagCounter(CanonicalFormReport* report) : report_(*report) {}
 
-void Count(const std::vector<Node>& nodes, CanonicalFormReport* report) {
-  for (const Node& node : nodes) {
-    // The node of a singular scalar or of an unpacked element has the flags of
-    // its only element.
-    if (node.IsPackedRun()) {
-      Count(node.FlagsOfRun(), node.tag.offset, report);
-      for (const Element& element : node.elements) {
-        Count(element.flags, element.offset, report);
-      }
-    } else {
-      Count(node.flags, node.tag.offset, report);
+  void Begin(const Occurrence& occurrence) override {
+    Count(occurrence.flags, occurrence.tag.offset);
+    at_begin_.push_back(occurrence.flags);
+  }
+  // Only a group has further flags of its own at its end.
+  void End(const Occurrence& occurrence) override {
+    EncodingFlags further = occurrence.flags;
+    further.Remove(at_begin_.back());
+    at_begin_.pop_back();
+    if (!occurrence.IsPackedRun()) Count(further, occurrence.tag.offset);
+  }
+  void AddElement(const Element& element) override {
+    Count(element.flags, element.offset);
+  }
+  // The flags of the element are among those of the occurrence.
+  void Add(const Occurrence& occurrence, const Element* /*element*/) override {
+    Count(occurrence.flags, occurrence.tag.offset);
+  }
+
+ private:
+  void Count(EncodingFlags flags, size_t offset) {
+    if (flags.empty()) return;
+    for (const std::string& name : flags.NotCanonical().Names()) {
+      tools::Count(name, offset, &report_.differences);
     }
-    Count(node.children, report);
+    for (const std::string& name : flags.Canonical().Names()) {
+      tools::Count(name, offset, &report_.remarks);
+    }
   }
+
+  CanonicalFormReport& report_;
+  std::vector<EncodingFlags> at_begin_;
+};
+
+// The end of a group comes after what is in it.
+void SortByOffset(std::vector<FlagCount>* counts) {
+  std::stable_sort(counts->begin(), counts->end(),
+                   [](const FlagCount& a, const FlagCount& b) {
+                     return a.offset < b.offset;
+                   });
 }
 
 }  // namespace
@@ -61,9 +85,11 @@ CanonicalFormReport CheckCanonicalForm(const Descriptor& type,
   const std::string written =
       report.parses ? message->SerializeAsString() : std::string();
   report.is_canonical = report.parses && written == bytes;
-  const RecordTree tree = ReadRecord(type, bytes);
-  if (tree.fault.has_value()) report.fault = tree.fault->Text();
-  Count(tree.nodes, &report);
+  FlagCounter counter(&report);
+  const std::optional<Fault> fault = RecordReader(bytes, &counter).Read(type);
+  if (fault.has_value()) report.fault = fault->Text();
+  SortByOffset(&report.differences);
+  SortByOffset(&report.remarks);
   if (report.parses && !report.is_canonical && report.differences.empty()) {
     const auto differ = std::mismatch(bytes.begin(), bytes.end(),
                                       written.begin(), written.end());

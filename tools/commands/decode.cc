@@ -1,20 +1,20 @@
 #include <memory>
 #include <optional>
-#include <sstream>
+#include <string>
 #include <vector>
 
 #include "tools/commands/commands.h"
 #include "tools/formats/json.h"
-#include "tools/formats/json_members.h"
 #include "tools/formats/outline.h"
 #include "tools/formats/record_csv.h"
+#include "tools/formats/string_stream.h"
 #include "tools/formats/text_format.h"
 #include "tools/io/batch.h"
 #include "tools/record/elements.h"
 #include "tools/record/path.h"
+#include "tools/record/record.h"
 #include "tools/record/value_text.h"
 #include "tools/wire/escape.h"
-#include "tools/wire/record_tree.h"
 
 namespace vantiro {
 namespace tools {
@@ -52,42 +52,41 @@ class Decoder : public RecordHandler {
   }
 
   std::string Header() const override {
-    std::ostringstream out;
-    if (options_.format == "csv") Csv(&out).WriteHeadings();
-    return out.str();
+    std::string text;
+    if (options_.format == "csv") Csv(&text).AddHeadings();
+    return text;
   }
 
   void Handle(const std::string& name, const std::string& bytes,
               Report* report) const override {
     const Descriptor& type = io_.TypeOf(options_.type, bytes);
     io_.ReportType(name, options_.type, type, report);
-    const RecordTree tree = ReadRecord(type, bytes);
-    Record record = MakeRecord(tree);
+    DecodedRecord decoded = DecodeRecord(type, bytes);
+    Record& record = decoded.record;
+    const std::optional<Fault>& fault = decoded.fault;
     RemoveDefaults(&record);
     if (options_.defaults) AddDefaults(&record);
-    std::ostringstream out;
     if (elements_.has_value()) {
-      WriteElements(name, record, tree.fault, &out);
+      WriteElements(name, record, fault, &report->output);
     } else if (options_.format == "csv") {
-      Csv(&out).WriteRecord(name, record, tree.ok() ? "" : tree.fault->Text());
+      Csv(&report->output)
+          .AddRecord(name, record, fault.has_value() ? fault->Text() : "");
     } else if (options_.format == "json") {
-      WriteJson(name, record, tree.fault, &out);
+      WriteJson(name, record, fault, &report->output);
     } else {
+      StringStream out(&report->output);
       if (has_several_) {
         out << style_.Note("# " + EscapeControls(name)) << '\n';
       }
       WriteReadable(record, &out);
     }
-    report->output = out.str();
-    CommandIo::ReportFault(name, tree.fault, report);
+    CommandIo::ReportFault(name, fault, report);
   }
 
   bool HandleError(const std::string& name, const std::string& error,
                    Report* report) const override {
     if (!has_several_) return false;
-    std::ostringstream out;
-    WriteError(name, error, &out);
-    report->output = out.str();
+    WriteError(name, error, &report->output);
     return false;
   }
 
@@ -98,11 +97,11 @@ class Decoder : public RecordHandler {
     return {&schema.FindMessage(name)};
   }
 
-  RecordCsv Csv(std::ostream* out) const {
-    return Csv(elements_.has_value() ? elements_->paths() : paths_, out);
+  RecordCsv Csv(std::string* text) const {
+    return Csv(elements_.has_value() ? elements_->paths() : paths_, text);
   }
-  RecordCsv Csv(const Paths& paths, std::ostream* out) const {
-    RecordCsv csv(paths, json_, out);
+  RecordCsv Csv(const Paths& paths, std::string* text) const {
+    RecordCsv csv(paths, json_, text);
     if (elements_.has_value()) csv.SetHasElements();
     return csv;
   }
@@ -110,37 +109,37 @@ class Decoder : public RecordHandler {
   // A row or a line of JSON for each element.
   void WriteElements(const std::string& name, const Record& record,
                      const std::optional<Fault>& fault,
-                     std::ostream* out) const {
+                     std::string* text) const {
     const std::string error = fault.has_value() ? fault->Text() : "";
     bool has_rows = false;
-    elements_->Visit(record, [&](const std::string& element,
-                                 const Paths& paths) {
-      has_rows = true;
-      if (options_.format == "csv") {
-        Csv(paths, out).WriteElement(name, element, record, error);
-        return;
-      }
-      Json json = ToJson(paths, record, json_);
-      AddFault(fault, &json);
-      *out << JsonText({{"file", name}, {"element", element}, {"record", json}},
-                       -1)
-           << '\n';
-    });
-    if (!has_rows && fault.has_value()) WriteError(name, error, out);
+    elements_->Visit(
+        record, [&](const std::string& element, const Paths& paths) {
+          has_rows = true;
+          if (options_.format == "csv") {
+            Csv(paths, text).AddElement(name, element, record, error);
+            return;
+          }
+          JsonPrinter out(-1, text);
+          out.BeginObject();
+          out.PlainKey("file");
+          out.String(name);
+          out.PlainKey("element");
+          out.String(element);
+          out.PlainKey("record");
+          WriteObject(paths, record, fault, &out);
+          out.EndObject();
+          *text += '\n';
+        });
+    if (!has_rows && fault.has_value()) WriteError(name, error, text);
   }
 
   // What stands for a record that has no rows.
   void WriteError(const std::string& name, const std::string& error,
-                  std::ostream* out) const {
-    if (options_.format == "csv") Csv(out).WriteError(name, error);
+                  std::string* text) const {
+    if (options_.format == "csv") Csv(text).AddError(name, error);
     if (options_.format == "json") {
-      *out << JsonText({{"file", name}, {"error", error}}, -1) << '\n';
+      *text += JsonText({{"file", name}, {"error", error}}, -1) + '\n';
     }
-  }
-
-  void AddFault(const std::optional<Fault>& fault, Json* json) const {
-    if (!fault.has_value() || json_.is_strict) return;
-    (*json)[kErrorMember] = ToJson(*fault);
   }
 
   void WriteReadable(const Record& record, std::ostream* out) const {
@@ -170,20 +169,29 @@ class Decoder : public RecordHandler {
 
   // One document, or JSON Lines for several records.
   void WriteJson(const std::string& name, const Record& record,
-                 const std::optional<Fault>& fault, std::ostream* out) const {
-    if (has_several_ && paths_.empty() && !fault.has_value()) {
-      *out << "{\"file\":" << JsonText(name, -1)
-           << ",\"record\":" << JsonLine(record, json_) << "}\n";
-      return;
-    }
-    Json json =
-        paths_.empty() ? ToJson(record, json_) : ToJson(paths_, record, json_);
-    AddFault(fault, &json);
+                 const std::optional<Fault>& fault, std::string* text) const {
+    JsonPrinter out(has_several_ ? -1 : 2, text);
     if (has_several_) {
-      *out << JsonText({{"file", name}, {"record", json}}, -1) << '\n';
-    } else {
-      *out << JsonText(json, 2) << '\n';
+      out.BeginObject();
+      out.PlainKey("file");
+      out.String(name);
+      out.PlainKey("record");
     }
+    WriteObject(paths_, record, fault, &out);
+    if (has_several_) out.EndObject();
+    *text += '\n';
+  }
+
+  void WriteObject(const Paths& paths, const Record& record,
+                   const std::optional<Fault>& fault, JsonPrinter* out) const {
+    out->BeginObject();
+    if (paths.empty()) {
+      WriteMembers(record, json_, out);
+    } else {
+      WriteMembers(paths, record, json_, out);
+    }
+    if (fault.has_value() && !json_.is_strict) WriteMember(*fault, out);
+    out->EndObject();
   }
 
   const Options& options_;

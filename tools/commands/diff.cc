@@ -3,7 +3,7 @@
 
 #include "tools/commands/commands.h"
 #include "tools/record/difference.h"
-#include "tools/wire/record_tree.h"
+#include "tools/record/record.h"
 
 namespace vantiro {
 namespace tools {
@@ -38,22 +38,20 @@ void Diff(const Options& options, CommandIo* io) {
   const std::string after = io->ReadBytes(options.after);
   const Descriptor& type = io->TypeOf(options.type, before);
   io->ReportType(options.before, options.type, type);
-  const RecordTree before_tree = ReadRecord(type, before);
-  const RecordTree after_tree = ReadRecord(type, after);
-  Record before_record = MakeRecord(before_tree);
-  Record after_record = MakeRecord(after_tree);
-  RemoveDefaults(&before_record);
-  RemoveDefaults(&after_record);
+  DecodedRecord before_record = DecodeRecord(type, before);
+  DecodedRecord after_record = DecodeRecord(type, after);
+  RemoveDefaults(&before_record.record);
+  RemoveDefaults(&after_record.record);
   const auto differences =
-      Compare(before_record, after_record, options.tolerance);
+      Compare(before_record.record, after_record.record, options.tolerance);
   if (!differences.empty()) io->RaiseStatus(kFound);
   if (!io->quiet()) {
     for (const Difference& difference : differences) {
       std::cout << Line(difference, io->style()) << '\n';
     }
   }
-  io->ReportFault(options.before, before_tree.fault);
-  io->ReportFault(options.after, after_tree.fault);
+  io->ReportFault(options.before, before_record.fault);
+  io->ReportFault(options.after, after_record.fault);
 }
 
 }  // namespace

@@ -213,7 +213,7 @@ class Counter : public RecordHandler {
               Report* report) const override {
     const Descriptor& type = io_.TypeOf(options_.type, bytes);
     const RecordTree tree = ReadRecord(type, bytes);
-    Record record = MakeRecord(tree);
+    Record record = DecodeRecord(*tree.type, tree.bytes).record;
     RemoveDefaults(&record);
     if (options_.defaults) AddDefaults(&record);
     CommandIo::ReportFault(name, tree.fault, report);

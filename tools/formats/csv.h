@@ -3,6 +3,7 @@
 #ifndef VANTIRO_TOOLS_FORMATS_CSV_H_
 #define VANTIRO_TOOLS_FORMATS_CSV_H_
 
+#include <algorithm>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -14,7 +15,10 @@ namespace tools {
 // Adds a cell as RFC 4180 has it: one with a comma, a quote or a line break is
 // quoted.
 inline void AddCsvCell(std::string_view cell, std::string* text) {
-  if (cell.find_first_of(",\"\r\n") == std::string_view::npos) {
+  const bool is_plain = std::none_of(cell.begin(), cell.end(), [](char c) {
+    return c == ',' || c == '"' || c == '\r' || c == '\n';
+  });
+  if (is_plain) {
     *text += cell;
     return;
   }
@@ -26,15 +30,22 @@ inline void AddCsvCell(std::string_view cell, std::string* text) {
   *text += '"';
 }
 
-// Writes a row of such cells, with a line feed at its end.
+// Adds a row of such cells, with a line feed at its end.
+inline void AddCsvRow(const std::vector<std::string>& cells,
+                      std::string* text) {
+  for (const std::string& cell : cells) {
+    if (&cell != cells.data()) *text += ',';
+    AddCsvCell(cell, text);
+  }
+  *text += '\n';
+}
+
+// The same, to a stream.
 inline void WriteCsvRow(const std::vector<std::string>& cells,
                         std::ostream* out) {
   std::string row;
-  for (const std::string& cell : cells) {
-    if (&cell != cells.data()) row += ',';
-    AddCsvCell(cell, &row);
-  }
-  *out << row << '\n';
+  AddCsvRow(cells, &row);
+  *out << row;
 }
 
 }  // namespace tools

@@ -12,6 +12,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "tools/formats/json_printer.h"
 #include "tools/record/path.h"
 #include "tools/record/record.h"
 
@@ -27,21 +28,22 @@ struct JsonOptions {
   bool is_strict = false;
 };
 
-// All fields in `record`.
-Json ToJson(const Record& record, const JsonOptions& options);
-// An object with a member for each path: its value, null if there is none, or
-// an array if the path can lead to several.
-Json ToJson(const Paths& paths, const Record& record,
-            const JsonOptions& options);
+// Write members of an object: all fields in `record`, or each path with its
+// value, null if there is none, or an array if the path can lead to several.
+void WriteMembers(const Record& record, const JsonOptions& options,
+                  JsonPrinter* out);
+void WriteMembers(const Paths& paths, const Record& record,
+                  const JsonOptions& options, JsonPrinter* out);
+// The object of the first in one line.
+std::string RecordJson(const Record& record, const JsonOptions& options);
+
 // The text of the JSON, with escapes for what EscapeControls escapes; in lines
 // with an indentation of `indent`, or in one line if that is -1.
 std::string JsonText(const Json& json, int indent);
-// JsonText(ToJson(record, options), -1), several times as fast.
-std::string JsonLine(const Record& record, const JsonOptions& options);
-// The value of "@error".
-Json ToJson(const Fault& fault);
+// Writes the member "@error".
+void WriteMember(const Fault& fault, JsonPrinter* out);
 
-// The inverse of the first. Takes both kinds of names. Throws a FormatError.
+// The inverse of RecordJson. Takes both kinds of names. Throws a FormatError.
 Record ReadJson(const Descriptor& type, const std::string& text);
 
 }  // namespace tools

@@ -116,23 +116,22 @@ class JsonReader {
   }
 
   void ReadValue(const Json& value, FieldValue* target) {
-    const FieldDescriptor& field = *target->field;
+    const FieldDescriptor& field = target->field();
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
-      target->messages.emplace_back(*field.message_type());
-      Read(value, &target->messages.back());
+      Read(value, target->AddMessage());
     } else if (field.type() == FieldDescriptor::TYPE_BYTES) {
-      target->string_value = ReadBase64(value);
+      target->SetString(ReadBase64(value));
     } else if (field.type() == FieldDescriptor::TYPE_STRING) {
       if (!value.is_string()) {
         Fail("expected a string instead of " + value.dump());
       }
-      target->string_value = value.get<std::string>();
+      target->SetString(value.get<std::string>());
     } else {
       uint64_t bits;
       if (!ParseScalar(field, TextOf(field, value), &bits)) {
         Fail("cannot read " + value.dump() + " as " + field.type_name());
       }
-      target->scalars.push_back(bits);
+      target->AddScalar(bits);
     }
   }
 
@@ -184,7 +183,8 @@ class JsonReader {
     const FieldDescriptor* const field =
         FindField(*record->type, std::string(name.substr(0, bracket)));
     if (field == nullptr || !IsFloat(*field)) Fail("no such float");
-    std::vector<uint64_t>& scalars = record->Mutable(*field)->scalars;
+    const ArrayView<uint64_t> scalars =
+        record->Mutable(*field)->mutable_scalars();
     uint64_t index = 0;
     const bool has_index =
         bracket < name.size() && name.back() == ']' &&
@@ -203,7 +203,7 @@ class JsonReader {
         record->fields.count(field->number()) > 0) {
       Fail("expected a string that has no other value");
     }
-    record->Mutable(*field)->string_value = ReadHex(value);
+    record->Mutable(*field)->SetString(ReadHex(value));
   }
 
   // By either name.

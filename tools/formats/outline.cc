@@ -16,10 +16,10 @@ using google::protobuf::UnknownFieldSet;
 // The value, of an enum with its number.
 std::string TextWithNumber(const FieldValue& value) {
   std::string text = ValueText(value);
-  const FieldDescriptor& field = *value.field;
+  const FieldDescriptor& field = value.field();
   if (field.type() == FieldDescriptor::TYPE_ENUM && !field.is_repeated()) {
-    const auto number = static_cast<int32_t>(value.scalars[0]);
-    text += DeclaredValue(field, value.scalars[0]) != nullptr
+    const auto number = static_cast<int32_t>(value.scalars()[0]);
+    text += DeclaredValue(field, value.scalars()[0]) != nullptr
                 ? " (" + std::to_string(number) + ")"
                 : " (undeclared)";
   }
@@ -34,14 +34,14 @@ class OutlineWriter {
   void Write(const Record& record, const std::string& indent) {
     for (const auto& entry : record.fields) {
       const FieldValue& value = entry.second;
-      const std::string& name = value.field->name();
-      if (value.field->cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
+      const std::string& name = value.field().name();
+      if (value.field().cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
         out_ << indent << style_.Name(name) << ": " << TextWithNumber(value)
              << '\n';
       }
       size_t index = 0;
-      for (const Record& message : value.messages) {
-        const std::string index_text = value.field->is_repeated()
+      for (const Record& message : value.messages()) {
+        const std::string index_text = value.field().is_repeated()
                                            ? '[' + std::to_string(index++) + ']'
                                            : "";
         out_ << indent << style_.Name(name + index_text) << ": "

@@ -18,8 +18,8 @@ constexpr int kMaxDepth = 100;
 // A field that has these values may not be given again: the runtime's parser
 // overwrites zeros and empty strings.
 bool HasValue(const FieldValue& value) {
-  return !value.messages.empty() || !value.string_value.empty() ||
-         (!value.scalars.empty() && value.scalars[0] != 0);
+  return !value.messages().empty() || !value.string_value().empty() ||
+         (!value.scalars().empty() && value.scalars()[0] != 0);
 }
 
 class TextReader {
@@ -72,20 +72,18 @@ class TextReader {
   }
 
   void ReadValue(FieldValue* value) {
-    const FieldDescriptor& field = *value->field;
+    const FieldDescriptor& field = value->field();
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
-      value->messages.emplace_back(*field.message_type());
-      ReadMessage(&value->messages.back());
+      ReadMessage(value->AddMessage());
     } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_STRING) {
       const TextTokens::Token start = tokens_.current();
-      value->string_value = tokens_.TakeString();
+      value->SetString(tokens_.TakeString());
       if (field.type() == FieldDescriptor::TYPE_STRING &&
-          !IsUtf8(value->string_value)) {
+          !IsUtf8(value->string_value())) {
         TextTokens::FailAt(start, "the string is not UTF-8");
       }
     } else {
-      if (!field.is_repeated()) value->scalars.clear();
-      value->scalars.push_back(TakeScalar(field));
+      value->AddScalar(TakeScalar(field));
     }
   }
 

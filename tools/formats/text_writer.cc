@@ -17,11 +17,11 @@ class TextWriter {
   void Write(const Record& record, const std::string& indent) {
     for (const auto& entry : record.fields) {
       const FieldValue& value = entry.second;
-      const std::string name = indent + style_.Name(value.field->name());
-      if (value.field->cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
+      const std::string name = indent + style_.Name(value.field().name());
+      if (value.field().cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
         out_ << name << ": " << ValueText(value) << '\n';
       }
-      for (const Record& message : value.messages) {
+      for (const Record& message : value.messages()) {
         out_ << name << " {\n";
         Write(message, indent + "  ");
         out_ << indent << "}\n";

@@ -38,19 +38,18 @@ class Comparer {
   const FieldValue& Value(const Record& record, const FieldDescriptor& field) {
     const auto found = record.fields.find(field.number());
     if (found != record.fields.end()) return found->second;
-    FieldValue value = DefaultValue(field);
-    if (!record.is_complete) value.scalars.clear();
-    return defaults_.emplace_back(std::move(value));
+    return defaults_.emplace_back(record.is_complete ? DefaultValue(field)
+                                                     : FieldValue(field));
   }
 
   void CompareField(const FieldValue& before, const FieldValue& after,
                     const std::string& path) {
-    const FieldDescriptor& field = *before.field;
+    const FieldDescriptor& field = before.field();
     const auto element_path = [&](size_t i) {
       return field.is_repeated() ? IndexPath(path, i) : path;
     };
-    const auto& a = before.messages;
-    const auto& b = after.messages;
+    const auto a = before.messages();
+    const auto b = after.messages();
     for (size_t i = 0; i < std::max(a.size(), b.size()); ++i) {
       if (i >= b.size()) {
         AddLeaves(Difference::kRemoved, a[i], element_path(i));
@@ -61,18 +60,18 @@ class Comparer {
       }
     }
     CompareScalars(before, after, path);
-    if (before.string_value != after.string_value) {
-      CompareTexts(before.string_value.empty() ? "" : ValueText(before),
-                   after.string_value.empty() ? "" : ValueText(after), path);
+    if (before.string_value() != after.string_value()) {
+      CompareTexts(before.string_value().empty() ? "" : ValueText(before),
+                   after.string_value().empty() ? "" : ValueText(after), path);
     }
   }
 
   void CompareScalars(const FieldValue& before, const FieldValue& after,
                       const std::string& path) {
-    const FieldDescriptor& field = *before.field;
-    const auto& a = before.scalars;
-    const auto& b = after.scalars;
-    const auto text = [&](const std::vector<uint64_t>& scalars, size_t i) {
+    const FieldDescriptor& field = before.field();
+    const auto a = before.scalars();
+    const auto b = after.scalars();
+    const auto text = [&](ArrayView<const uint64_t> scalars, size_t i) {
       return i < scalars.size() ? ScalarText(field, scalars[i]) : "";
     };
     for (size_t i = 0; i < std::max(a.size(), b.size()); ++i) {

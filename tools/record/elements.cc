@@ -43,10 +43,10 @@ class ElementVisitor {
     const std::string field_path = SubPath(path, step.field->name());
     const bool is_last = depth + 1 == each_.steps.size();
     if (!step.field->is_repeated()) {
-      Visit(value.messages[0], depth + 1, field_path);
+      Visit(value.messages()[0], depth + 1, field_path);
       return;
     }
-    const size_t count = std::max(value.messages.size(), value.scalars.size());
+    const size_t count = value.messages().size() + value.scalars().size();
     for (size_t i = 0; i < count; ++i) {
       if (step.index.has_value() && *step.index != i) continue;
       Lead(depth, i);
@@ -54,7 +54,7 @@ class ElementVisitor {
       if (is_last) {
         visit_(element_path);
       } else {
-        Visit(value.messages[i], depth + 1, element_path);
+        Visit(value.messages()[i], depth + 1, element_path);
       }
     }
   }

@@ -1,5 +1,9 @@
 #include "tools/record/leaves.h"
 
+#include <charconv>
+#include <iterator>
+#include <utility>
+
 #include "tools/record/value_text.h"
 #include "tools/wire/hex.h"
 
@@ -7,36 +11,84 @@ namespace vantiro {
 namespace tools {
 namespace {
 
-void VisitField(const FieldValue& value, const std::string& path,
-                const LeafVisitor& visit) {
-  const FieldDescriptor& field = *value.field;
-  if (field.cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE &&
-      !field.is_repeated()) {
-    visit(path, ValueText(value));
+// Appends to one path and to one value, since most of the time would go into
+// making strings.
+class LeafWalker {
+ public:
+  LeafWalker(std::string path, const LeafVisitor& visit)
+      : path_(std::move(path)), visit_(visit) {}
+
+  void Walk(const Record& record) {
+    if (record.fields.empty() && record.unknown.empty() && !path_.empty()) {
+      visit_(path_, "{}");
+    }
+    const size_t size = path_.size();
+    for (const auto& entry : record.fields) {
+      AppendName(entry.second.field().name());
+      WalkField(entry.second);
+      path_.resize(size);
+    }
+    if (record.unknown.empty()) return;
+    AppendName("@unknown");
+    visit_(path_, UnknownHex(record));
+    path_.resize(size);
   }
-  for (size_t i = 0; i < value.messages.size(); ++i) {
-    VisitLeaves(value.messages[i],
-                field.is_repeated() ? IndexPath(path, i) : path, visit);
+
+ private:
+  void AppendName(const std::string& name) {
+    if (!path_.empty()) path_ += '.';
+    path_ += name;
   }
-  if (!field.is_repeated()) return;
-  for (size_t i = 0; i < value.scalars.size(); ++i) {
-    visit(IndexPath(path, i), ScalarText(field, value.scalars[i]));
+
+  void WalkField(const FieldValue& value) {
+    const FieldDescriptor& field = value.field();
+    const bool is_message =
+        field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE;
+    if (!is_message && !field.is_repeated()) {
+      value_.clear();
+      AppendValueText(value, &value_);
+      visit_(path_, value_);
+    } else if (field.is_repeated()) {
+      WalkElements(value);
+    } else {
+      for (const Record& message : value.messages()) Walk(message);
+    }
   }
-}
+
+  void WalkElements(const FieldValue& value) {
+    const size_t size = path_.size();
+    size_t index = 0;
+    for (const Record& message : value.messages()) {
+      AppendIndex(index++);
+      Walk(message);
+      path_.resize(size);
+    }
+    for (const uint64_t bits : value.scalars()) {
+      AppendIndex(index++);
+      value_.clear();
+      AppendScalarText(value.field(), bits, &value_);
+      visit_(path_, value_);
+      path_.resize(size);
+    }
+  }
+
+  void AppendIndex(size_t index) {
+    char digits[24];
+    path_ += '[';
+    path_.append(digits, std::to_chars(digits, std::end(digits), index).ptr);
+    path_ += ']';
+  }
+
+  std::string path_;
+  std::string value_;
+  const LeafVisitor& visit_;
+};
 
 }  // namespace
 
 void VisitLeaves(const Record& record, const std::string& path,
                  const LeafVisitor& visit) {
-  if (record.fields.empty() && record.unknown.empty() && !path.empty()) {
-    visit(path, "{}");
-  }
-  for (const auto& entry : record.fields) {
-    VisitField(entry.second, SubPath(path, entry.second.field->name()), visit);
-  }
-  if (!record.unknown.empty()) {
-    visit(SubPath(path, "@unknown"), UnknownHex(record));
-  }
+  LeafWalker(path, visit).Walk(record);
 }
 
 std::string SubPath(const std::string& path, const std::string& name) {

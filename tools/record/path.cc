@@ -60,13 +60,13 @@ void SelectFrom(const Path& path, size_t depth, const Record& record,
   if (step.field->cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
     if (!is_there && !record.is_complete) return;
     const FieldValue& value = is_there ? entry->second : path.default_value;
-    if (!step.index.has_value() || *step.index < value.scalars.size()) {
+    if (!step.index.has_value() || *step.index < value.scalars().size()) {
       selected->push_back({nullptr, &value, step.index});
     }
     return;
   }
   if (!is_there) return;
-  const std::vector<Record>& messages = entry->second.messages;
+  const ArrayView<const Record> messages = entry->second.messages();
   const size_t begin = step.index.value_or(0);
   const size_t end = std::min(
       messages.size(), step.index.has_value() ? begin + 1 : messages.size());

@@ -5,33 +5,30 @@
 
 #include <google/protobuf/unknown_field_set.h>
 
-#include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
-#include <vector>
 
+#include "tools/record/field_value.h"
 #include "tools/schema/schema.h"
+#include "tools/wire/fault.h"
 #include "tools/wire/flat_map.h"
-#include "tools/wire/record_tree.h"
 
 namespace vantiro {
 namespace tools {
 
-struct Record;
+// By field number.
+using FieldValues = FlatMap<FieldValue>;
 
-// The value of a field: one of the three, by the field's type. A singular field
-// has one scalar or one message.
-struct FieldValue {
-  const FieldDescriptor* field = nullptr;
-  // Bits as scalar.h describes them.
-  std::vector<uint64_t> scalars;
-  // Of a string or bytes.
-  std::string string_value;
-  std::vector<Record> messages;
-};
-
-// The value that a field without an entry has; not for messages.
-FieldValue DefaultValue(const FieldDescriptor& field);
+// The field's value; an empty one is added if there is none.
+inline FieldValue* MutableValue(const FieldDescriptor& field,
+                                FieldValues* values) {
+  const size_t size = values->size();
+  FieldValue* const value = &(*values)[field.number()];
+  if (values->size() > size) *value = FieldValue(field);
+  return value;
+}
 
 struct Record {
   explicit Record(const Descriptor& descriptor) : type(&descriptor) {}
@@ -50,26 +47,28 @@ struct Record {
     return *this;
   }
 
-  // The field's value; an empty one is added if there is none.
   FieldValue* Mutable(const FieldDescriptor& field) {
-    FieldValue* const value = &fields[field.number()];
-    value->field = &field;
-    return value;
+    return MutableValue(field, &fields);
   }
 
   const Descriptor* type;
   // False if a fault ended the reading of this message.
   bool is_complete = true;
-  // By field number. A field without an entry has its default value; in a
-  // message that is not complete, an unknown one.
-  FlatMap<FieldValue> fields;
+  // A field without an entry has its default value; in a message that is not
+  // complete, an unknown one.
+  FieldValues fields;
   google::protobuf::UnknownFieldSet unknown;
+};
+
+struct DecodedRecord {
+  Record record;
+  std::optional<Fault> fault;
 };
 
 // The values as the class holds them: of a singular field that occurs several
 // times the last value, of a sub-message all of them merged. Of a damaged
-// record, what could be read.
-Record MakeRecord(const RecordTree& tree);
+// record, what could be read, as RecordReader reads it.
+DecodedRecord DecodeRecord(const Descriptor& type, std::string_view bytes);
 
 // Removes, in complete messages at all depths, fields with their default value:
 // zeros other than -0.0, empty strings and bytes, and empty repeated fields.

@@ -34,8 +34,8 @@ std::string PackedRun(const FieldValue& value) {
   std::string run;
   StringOutputStream stream(&run);
   CodedOutputStream output(&stream);
-  for (const uint64_t bits : value.scalars) {
-    WriteElement(*value.field, bits, &output);
+  for (const uint64_t bits : value.scalars()) {
+    WriteElement(value.field(), bits, &output);
   }
   output.Trim();
   return run;
@@ -43,21 +43,21 @@ std::string PackedRun(const FieldValue& value) {
 
 // Default values and empty repeated fields are not written.
 void WriteField(const FieldValue& value, CodedOutputStream* output) {
-  const FieldDescriptor& field = *value.field;
-  for (const Record& message : value.messages) {
+  const FieldDescriptor& field = value.field();
+  for (const Record& message : value.messages()) {
     WriteDelimited(field.number(), Serialize(message), output);
   }
-  if (!value.string_value.empty()) {
-    WriteDelimited(field.number(), value.string_value, output);
+  if (!value.string_value().empty()) {
+    WriteDelimited(field.number(), value.string_value(), output);
   }
-  if (value.scalars.empty()) return;
+  if (value.scalars().empty()) return;
   if (field.is_repeated()) {
     WriteDelimited(field.number(), PackedRun(value), output);
-  } else if (!IsZero(field, value.scalars[0])) {
+  } else if (!IsZero(field, value.scalars()[0])) {
     output->WriteTag(WireFormatLite::MakeTag(
         field.number(), IsFloat(field) ? WireFormatLite::WIRETYPE_FIXED32
                                        : WireFormatLite::WIRETYPE_VARINT));
-    WriteElement(field, value.scalars[0], output);
+    WriteElement(field, value.scalars()[0], output);
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <iterator>
 
 #include "tools/wire/escape.h"
 #include "tools/wire/hex.h"
@@ -13,13 +14,18 @@ namespace vantiro {
 namespace tools {
 namespace {
 
-std::string FloatText(uint64_t bits) {
-  if (IsNan(bits)) {
-    return bits == kUsualNan ? "nan" : "nan(" + FixedHex(bits, 8) + ')';
+template <typename T>
+void AppendNumber(T number, std::string* text) {
+  char digits[32];
+  text->append(digits, std::to_chars(digits, std::end(digits), number).ptr);
+}
+
+void AppendFloat(uint64_t bits, std::string* text) {
+  if (!IsNan(bits)) {
+    AppendNumber(ToFloat(bits), text);
+  } else {
+    *text += bits == kUsualNan ? "nan" : "nan(" + FixedHex(bits, 8) + ')';
   }
-  char text[32];
-  const auto end = std::to_chars(text, text + sizeof(text), ToFloat(bits)).ptr;
-  return {text, end};
 }
 
 // False unless all of `text` is a number. `base` is for integers alone.
@@ -69,24 +75,37 @@ bool ParseInteger(std::string_view text, uint64_t* bits) {
 
 }  // namespace
 
-std::string ScalarText(const FieldDescriptor& field, uint64_t bits) {
+void AppendScalarText(const FieldDescriptor& field, uint64_t bits,
+                      std::string* text) {
   switch (field.cpp_type()) {
     case FieldDescriptor::CPPTYPE_FLOAT:
-      return FloatText(bits);
+      AppendFloat(bits, text);
+      break;
     case FieldDescriptor::CPPTYPE_BOOL:
-      return bits != 0 ? "true" : "false";
+      *text += bits != 0 ? "true" : "false";
+      break;
     case FieldDescriptor::CPPTYPE_INT32:
-      return std::to_string(static_cast<int32_t>(bits));
+      AppendNumber(static_cast<int32_t>(bits), text);
+      break;
     case FieldDescriptor::CPPTYPE_INT64:
-      return std::to_string(static_cast<int64_t>(bits));
-    case FieldDescriptor::CPPTYPE_ENUM: {
-      const EnumValueDescriptor* const value = DeclaredValue(field, bits);
-      return value == nullptr ? std::to_string(static_cast<int32_t>(bits))
-                              : value->name();
-    }
+      AppendNumber(static_cast<int64_t>(bits), text);
+      break;
+    case FieldDescriptor::CPPTYPE_ENUM:
+      if (const EnumValueDescriptor* const value = DeclaredValue(field, bits)) {
+        *text += value->name();
+      } else {
+        AppendNumber(static_cast<int32_t>(bits), text);
+      }
+      break;
     default:
-      return std::to_string(bits);
+      AppendNumber(bits, text);
   }
+}
+
+std::string ScalarText(const FieldDescriptor& field, uint64_t bits) {
+  std::string text;
+  AppendScalarText(field, bits, &text);
+  return text;
 }
 
 bool ParseScalar(const FieldDescriptor& field, std::string_view text,
@@ -115,27 +134,35 @@ bool ParseScalar(const FieldDescriptor& field, std::string_view text,
   }
 }
 
-std::string ValueText(const FieldValue& value) {
-  const FieldDescriptor& field = *value.field;
+void AppendValueText(const FieldValue& value, std::string* text) {
+  const FieldDescriptor& field = value.field();
   if (field.type() == FieldDescriptor::TYPE_STRING) {
-    return Quoted(value.string_value);
+    *text += Quoted(value.string_value());
+  } else if (field.type() == FieldDescriptor::TYPE_BYTES) {
+    *text += QuotedHex(value.string_value());
+  } else if (field.is_repeated()) {
+    const char* separator = "[";
+    for (const uint64_t bits : value.scalars()) {
+      *text += separator;
+      AppendScalarText(field, bits, text);
+      separator = ", ";
+    }
+    *text += value.scalars().empty() ? "[]" : "]";
+  } else {
+    AppendScalarText(field, value.scalars()[0], text);
   }
-  if (field.type() == FieldDescriptor::TYPE_BYTES) {
-    return QuotedHex(value.string_value);
-  }
-  if (!field.is_repeated()) return ScalarText(field, value.scalars[0]);
-  std::string text = "[";
-  for (const uint64_t bits : value.scalars) {
-    if (text.size() > 1) text += ", ";
-    text += ScalarText(field, bits);
-  }
-  return text + ']';
+}
+
+std::string ValueText(const FieldValue& value) {
+  std::string text;
+  AppendValueText(value, &text);
+  return text;
 }
 
 std::string SelectedText(const Selected& selected) {
   const FieldValue& value = *selected.value;
   return selected.index.has_value()
-             ? ScalarText(*value.field, value.scalars[*selected.index])
+             ? ScalarText(value.field(), value.scalars()[*selected.index])
              : ValueText(value);
 }
 

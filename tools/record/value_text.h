@@ -20,6 +20,8 @@ constexpr uint32_t kUsualNan = 0x7fc00000;
 // as identify it; a NaN other than the usual one has its bits, as in
 // "nan(0xffc00001)"; an undeclared enum number is a number.
 std::string ScalarText(const FieldDescriptor& field, uint64_t bits);
+void AppendScalarText(const FieldDescriptor& field, uint64_t bits,
+                      std::string* text);
 // The inverse. False if the field cannot hold what `text` says.
 bool ParseScalar(const FieldDescriptor& field, std::string_view text,
                  uint64_t* bits);
@@ -27,6 +29,7 @@ bool ParseScalar(const FieldDescriptor& field, std::string_view text,
 // A scalar as above, a repeated one as "[1, 2]", a string in quotes, and bytes
 // in quotes with \x escapes. Not for messages.
 std::string ValueText(const FieldValue& value);
+void AppendValueText(const FieldValue& value, std::string* text);
 // The same for what a path leads to.
 std::string SelectedText(const Selected& selected);
 

@@ -114,15 +114,15 @@ void RecordStatistics::AddValues(const Record& record, Fields* fields) {
   for (const auto& entry : record.fields) {
     const FieldValue& value = entry.second;
     const size_t count =
-        value.field->cpp_type() == FieldDescriptor::CPPTYPE_STRING
+        value.field().cpp_type() == FieldDescriptor::CPPTYPE_STRING
             ? 1
-            : value.scalars.size() + value.messages.size();
+            : value.scalars().size() + value.messages().size();
     if (count == 0) continue;
-    FieldStatistics* const statistics = At(value.field, fields);
+    FieldStatistics* const statistics = At(&value.field(), fields);
     statistics->is_in_record = true;
     statistics->value_count += count;
-    for (const uint64_t bits : value.scalars) AddScalar(bits, statistics);
-    for (const Record& message : value.messages) {
+    for (const uint64_t bits : value.scalars()) AddScalar(bits, statistics);
+    for (const Record& message : value.messages()) {
       AddValues(message, &statistics->fields);
     }
   }

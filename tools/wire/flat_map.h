@@ -22,6 +22,8 @@ class FlatMap {
   using ConstIterator = typename std::vector<Entry>::const_iterator;
 
   bool empty() const { return entries_.empty(); }
+  size_t size() const { return entries_.size(); }
+  void clear() { entries_.clear(); }
   Iterator begin() { return entries_.begin(); }
   Iterator end() { return entries_.end(); }
   ConstIterator begin() const { return entries_.begin(); }
@@ -40,11 +42,19 @@ class FlatMap {
       entries_.emplace_back(number, T());
       return entries_.back().second;
     }
+    if (entries_.back().first == number) return entries_.back().second;
     auto found = std::lower_bound(begin(), end(), number, IsLess);
     if (found->first != number) {
       found = entries_.insert(found, Entry(number, T()));
     }
     return found->second;
+  }
+
+  // Moves all entries here, where there are none, without spare space.
+  void TakeFrom(FlatMap* other) {
+    entries_.reserve(other->entries_.size());
+    for (Entry& entry : other->entries_) entries_.push_back(std::move(entry));
+    other->clear();
   }
 
   // Removes the entries for which `is_removed` is true.

@@ -1,10 +1,9 @@
-// The part of TreeReader that reads scalars, packed and unpacked.
+// The part of RecordReader that reads scalars, packed and unpacked.
 
 #include <algorithm>
-#include <utility>
 
+#include "tools/wire/record_reader.h"
 #include "tools/wire/scalar.h"
-#include "tools/wire/tree_reader.h"
 
 namespace vantiro {
 namespace tools {
@@ -46,20 +45,20 @@ void SetVarint(const FieldDescriptor& field, const Varint& varint,
 
 }  // namespace
 
-bool TreeReader::ReadPacked(FieldState* state, Node* node) {
-  if (state->count > 0) node->flags.Add(EncodingFlag::kFurtherPackedRun);
-  return IsFloat(*node->field) ? ReadPackedFloats(state, node)
-                               : ReadPackedVarints(state, node);
+bool RecordReader::ReadPacked(FieldState* state, Occurrence* field) {
+  if (state->count > 0) field->flags.Add(EncodingFlag::kFurtherPackedRun);
+  return IsFloat(*field->field) ? ReadPackedFloats(state, field)
+                                : ReadPackedVarints(state, field);
 }
 
-bool TreeReader::ReadPackedFloats(FieldState* state, Node* node) {
+bool RecordReader::ReadPackedFloats(FieldState* state, Occurrence* field) {
   uint64_t length;
-  if (!ReadLength(node, &length)) return false;
+  if (!ReadLength(field, &length)) return false;
   if (length % kFloatSize != 0) {
-    return Fail(node->length.offset, "a packed run of " + ByteCount(length) +
-                                         " does not hold whole floats");
+    return Fail(field->length.offset, "a packed run of " + ByteCount(length) +
+                                          " does not hold whole floats");
   }
-  if (length == 0) node->flags.Add(EncodingFlag::kWrittenDefault);
+  if (length == 0) field->flags.Add(EncodingFlag::kWrittenDefault);
   const size_t left = reader_.left();
   const size_t count = std::min<size_t>(length, left) / kFloatSize;
   const size_t new_count = state->count + count;
@@ -67,17 +66,26 @@ bool TreeReader::ReadPackedFloats(FieldState* state, Node* node) {
     state->capacity = std::max({size_t{4}, state->capacity * 2, new_count});
   }
   state->count = new_count;
-  node->value = {reader_.offset(), count * kFloatSize};
-  node->elements.reserve(count);
-  for (size_t i = 0; i < count; ++i) ReadElement(node);
+  field->value = {reader_.offset(), count * kFloatSize};
+  const bool is_whole = length <= left;
+  if (is_whole || count > 0) {
+    visitor_.Begin(*field);
+    for (size_t i = 0; i < count; ++i) {
+      Element element;
+      ReadElement(*field->field, &element);
+      field->flags.Add(element.flags);
+      visitor_.AddElement(element);
+    }
+    visitor_.End(*field);
+  }
   path_.back().index = state->count;
-  return length <= left || FailCutOff("packed run", length, left);
+  return is_whole || FailCutOff("packed run", length, left);
 }
 
-bool TreeReader::ReadPackedVarints(FieldState* state, Node* node) {
+bool RecordReader::ReadPackedVarints(FieldState* state, Occurrence* field) {
   uint64_t length;
-  if (!ReadLength(node, &length)) return false;
-  if (length == 0) node->flags.Add(EncodingFlag::kWrittenDefault);
+  if (!ReadLength(field, &length)) return false;
+  if (length == 0) field->flags.Add(EncodingFlag::kWrittenDefault);
   const size_t left = reader_.left();
   const size_t rest = reader_.Limit(std::min<size_t>(length, left));
   const std::string_view run = reader_.Peek(reader_.left());
@@ -86,68 +94,90 @@ bool TreeReader::ReadPackedVarints(FieldState* state, Node* node) {
         return static_cast<unsigned char>(c) < 0x80;
       }));
   state->capacity = Doubled(state->capacity, state->count + count);
-  node->value = {reader_.offset(), run.size()};
-  node->elements.reserve(count);
-  while (!reader_.AtEnd()) {
-    path_.back().index = state->count;
-    if (!ReadElement(node)) return false;
-    ++state->count;
-  }
+  field->value = {reader_.offset(), run.size()};
+  const bool is_whole = length <= left;
+  const bool ok = ReadVarintsOfRun(state, field, is_whole);
+  if (!ok) return false;
   reader_.Extend(rest);
   path_.back().index = state->count;
-  return length <= left || FailCutOff("packed run", length, left);
+  return is_whole || FailCutOff("packed run", length, left);
+}
+
+// A run that is damaged before its first element is not there.
+bool RecordReader::ReadVarintsOfRun(FieldState* state, Occurrence* field,
+                                    bool is_whole) {
+  bool ok = true;
+  bool has_begun = false;
+  while (ok && !reader_.AtEnd()) {
+    path_.back().index = state->count;
+    Element element;
+    ok = ReadElement(*field->field, &element);
+    if (!ok) break;
+    if (!has_begun) visitor_.Begin(*field);
+    has_begun = true;
+    field->flags.Add(element.flags);
+    visitor_.AddElement(element);
+    ++state->count;
+  }
+  if (!has_begun && ok && is_whole) {
+    visitor_.Begin(*field);
+    has_begun = true;
+  }
+  if (has_begun) visitor_.End(*field);
+  return ok;
 }
 
 // After an unpacked element the classes look for the field's packed tag, and
 // read what follows it as one more element. It is how these bytes are read
 // everywhere, so it is how they are shown.
-bool TreeReader::ReadUnpacked(FieldState* state, Node* node,
-                              std::vector<Node>* nodes) {
-  node->flags.Add(EncodingFlag::kUnpacked);
-  if (!ReadElement(node)) return false;
+bool RecordReader::ReadUnpacked(FieldState* state, Occurrence* field) {
+  field->flags.Add(EncodingFlag::kUnpacked);
+  if (!ReadOneElement(field)) return false;
   ++state->count;
   state->capacity = Doubled(state->capacity, state->count);
-  const FieldDescriptor& field = *node->field;
-  nodes->push_back(std::move(*node));
-  if (field.type() == FieldDescriptor::TYPE_ENUM) return true;
+  const FieldDescriptor& descriptor = *field->field;
+  if (descriptor.type() == FieldDescriptor::TYPE_ENUM) return true;
   while (state->count < state->capacity) {
-    Node next;
-    next.field = &field;
+    Occurrence next;
+    next.field = &descriptor;
     next.index = path_.back().index = state->count;
-    if (!IsAtPackedTag(field)) break;
+    if (!IsAtPackedTag(descriptor)) break;
     next.flags.Add(EncodingFlag::kPackedRunAsElement);
-    if (!ReadTag(&next) || !ReadElement(&next)) return false;
+    if (!ReadTag(&next) || !ReadOneElement(&next)) return false;
     ++state->count;
-    nodes->push_back(std::move(next));
   }
   return true;
 }
 
-bool TreeReader::ReadElement(Node* node) {
-  const FieldDescriptor& field = *node->field;
+bool RecordReader::ReadOneElement(Occurrence* field) {
   Element element;
-  element.offset = reader_.offset();
+  if (!ReadElement(*field->field, &element)) return false;
+  field->flags.Add(element.flags);
+  field->value = element.span();
+  visitor_.Add(*field, &element);
+  return true;
+}
+
+bool RecordReader::ReadElement(const FieldDescriptor& field, Element* element) {
+  element->offset = reader_.offset();
   if (IsFloat(field)) {
     if (!CheckFits("float", kFloatSize)) return false;
     uint32_t bits = 0;
     reader_.ReadFixed32(&bits);
-    SetFloat(field, bits, &element);
+    SetFloat(field, bits, element);
   } else {
     Varint varint;
     if (!reader_.ReadVarint(&varint)) return FailVarint("varint");
-    SetVarint(field, varint, &element);
+    SetVarint(field, varint, element);
   }
-  element.size = static_cast<uint8_t>(reader_.offset() - element.offset);
-  if (!field.is_repeated() && IsZero(field, element.bits)) {
-    element.flags.Add(EncodingFlag::kWrittenDefault);
+  element->size = static_cast<uint8_t>(reader_.offset() - element->offset);
+  if (!field.is_repeated() && IsZero(field, element->bits)) {
+    element->flags.Add(EncodingFlag::kWrittenDefault);
   }
-  node->elements.push_back(element);
-  node->flags.Add(element.flags);
-  if (node->value.size == 0) node->value = element.span();
   return true;
 }
 
-bool TreeReader::IsAtPackedTag(const FieldDescriptor& field) const {
+bool RecordReader::IsAtPackedTag(const FieldDescriptor& field) const {
   WireReader ahead = reader_;
   Tag tag;
   return ahead.ReadTag(&tag) && tag.is_shortest &&

@@ -43,7 +43,7 @@ bool EndsInGroup(const std::vector<Node>& nodes) {
 }
 
 std::string AllAsJson(const Record& record) {
-  return JsonText(ToJson(record, JsonOptions()), -1);
+  return RecordJson(record, JsonOptions());
 }
 
 // The record, and the bytes that the class writes for it.
@@ -68,7 +68,7 @@ void CheckRecord(const Descriptor& type, const std::string& bytes) {
   const std::string written = message->SerializeAsString();
   const RecordTree tree = ReadRecord(type, bytes);
   EXPECT_EQ(tree.ok(), parsed);
-  Record record = MakeRecord(tree);
+  Record record = DecodeRecord(*tree.type, tree.bytes).record;
   if (parsed || !EndsInGroup(tree.nodes)) {
     EXPECT_TRUE(AreSame(Serialize(record), written));
   }
