@@ -151,9 +151,11 @@ void CommandIo::RaiseStatus(ExitStatus status) {
 
 Style CommandIo::style() const {
   const char* const no_color = std::getenv("NO_COLOR");
-  const bool is_auto_coloured = !has_output_file_ &&
-                                (no_color == nullptr || *no_color == '\0') &&
-                                isatty(STDOUT_FILENO) != 0;
+  const char* const terminal = std::getenv("TERM");
+  const bool is_auto_coloured =
+      !has_output_file_ && (no_color == nullptr || *no_color == '\0') &&
+      (terminal == nullptr || std::strcmp(terminal, "dumb") != 0) &&
+      isatty(STDOUT_FILENO) != 0;
   return Style(color_ == "always" || (color_ == "auto" && is_auto_coloured));
 }
 

@@ -1,10 +1,12 @@
-// The style and script of the annotation page.
+// The styles and scripts of the pages.
 
         .section .rodata
         .globl vantiro_annotation_style_begin
         .globl vantiro_annotation_style_end
         .globl vantiro_annotation_script_begin
         .globl vantiro_annotation_script_end
+        .globl vantiro_difference_style_begin
+        .globl vantiro_difference_style_end
 vantiro_annotation_style_begin:
         .incbin "palette.css"
         .incbin "annotation.css"
@@ -13,6 +15,11 @@ vantiro_annotation_style_end:
 vantiro_annotation_script_begin:
         .incbin "annotation.js"
 vantiro_annotation_script_end:
+        .byte 0
+vantiro_difference_style_begin:
+        .incbin "palette.css"
+        .incbin "difference.css"
+vantiro_difference_style_end:
         .byte 0
 
         .section .note.GNU-stack, "", %progbits

@@ -79,6 +79,21 @@ void SelectFrom(const Path& path, size_t depth, const Record& record,
   }
 }
 
+void RemoveFrom(const Path& path, size_t depth, Record* record) {
+  const PathStep& step = path.steps[depth];
+  const int number = step.field->number();
+  if (depth + 1 == path.steps.size()) {
+    record->fields.RemoveIf(
+        [number](const auto& entry) { return entry.first == number; });
+    return;
+  }
+  if (record->fields.count(number) == 0) return;
+  ArrayView<Record> messages = record->fields[number].mutable_messages();
+  for (size_t i = 0; i < messages.size(); ++i) {
+    if (step.index.value_or(i) == i) RemoveFrom(path, depth + 1, &messages[i]);
+  }
+}
+
 }  // namespace
 
 bool Path::IsSingle() const {
@@ -102,6 +117,10 @@ Path ParsePath(const Descriptor& type, const std::string& text) {
     message = field.message_type();
     rest.remove_prefix(dot + 1);
   }
+}
+
+void RemoveField(const Path& path, Record* record) {
+  RemoveFrom(path, 0, record);
 }
 
 std::vector<Selected> Select(const Path& path, const Record& record) {

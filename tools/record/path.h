@@ -47,6 +47,10 @@ struct Selected {
 // absent message, or an index that is too large, leads to nothing.
 std::vector<Selected> Select(const Path& path, const Record& record);
 
+// Removes the field that `path` leads to, in all messages that it leads to. The
+// last step has no index.
+void RemoveField(const Path& path, Record* record);
+
 // The same paths for records of several types.
 class Paths {
  public:

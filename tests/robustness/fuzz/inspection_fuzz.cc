@@ -73,7 +73,9 @@ void CheckRecord(const Descriptor& type, const std::string& bytes) {
     EXPECT_TRUE(AreSame(Serialize(record), written));
   }
   EXPECT_EQ(IsCanonical(tree), parsed && written == bytes);
-  EXPECT_TRUE(Compare(record, record, 0).empty());
+  Compare(record, record, {}, [](const Difference& difference) {
+    ADD_FAILURE() << difference.Path();
+  });
   std::ostringstream shown;
   WriteAnnotation(tree, Style(true), &shown);
   WriteOutline(record, Style(true), &shown);
