@@ -18,6 +18,7 @@ void AddDiff(CLI::App* program, CommandIo* io);
 void AddEncode(CLI::App* program);
 void AddIdentify(CLI::App* program, CommandIo* io);
 void AddList(CLI::App* program, CommandIo* io);
+void AddPlot(CLI::App* program, CommandIo* io);
 void AddScan(CLI::App* program, CommandIo* io);
 void AddShow(CLI::App* program, CommandIo* io);
 void AddSplit(CLI::App* program, CommandIo* io);

@@ -189,7 +189,7 @@ void Batch::Finish(const RecordHandler& handler, const Result& result) {
   } catch (const UsageError& error) {
     ReportError(error.what());
   }
-  for (const Report& report : result.reports) WriteReport(report);
+  for (const Report& report : result.reports) WriteReport(handler, report);
   try {
     if (result.ends_input) output_->EndInput();
   } catch (const UsageError& error) {
@@ -206,7 +206,7 @@ void Batch::ReportError(const std::string& error) {
   std::cerr << "vantiro-records: " << EscapeControlsInLines(error) << '\n';
 }
 
-void Batch::WriteReport(const Report& report) {
+void Batch::WriteReport(const RecordHandler& handler, const Report& report) {
   ++total_;
   unread_ += report.status == kWrongUse ? 1 : 0;
   damaged_ += report.is_damaged ? 1 : 0;
@@ -214,7 +214,7 @@ void Batch::WriteReport(const Report& report) {
   // Standard error is not buffered: what belongs before it is written first.
   if (!report.notes.empty() && HasSeveral()) std::cout.flush();
   if (!report.notes.empty()) std::cerr << report.notes;
-  output_->Write(report.output);
+  output_->Write(handler.Collect(report.output));
   if (report.errors.empty()) return;
   std::cout.flush();
   std::cerr << report.errors;

@@ -37,6 +37,11 @@ class RecordHandler {
   // An exception means that the record could not be handled.
   virtual void Handle(const std::string& name, const std::string& bytes,
                       Report* report) const = 0;
+  // Takes what Handle gave as output, in the order of the records and by one
+  // thread at a time; the result is written.
+  virtual std::string Collect(const std::string& output) const {
+    return output;
+  }
   // A record that could not be read or handled. Returns whether the report has
   // the error; if not, it is written to standard error.
   virtual bool HandleError(const std::string& /*name*/,
@@ -106,7 +111,7 @@ class Batch {
                    const std::string& error, const std::string& prefix) const;
   void Finish(const RecordHandler& handler, const Result& result);
   void ReportError(const std::string& error);
-  void WriteReport(const Report& report);
+  void WriteReport(const RecordHandler& handler, const Report& report);
   void WriteFailures() const;
 
   CommandIo& io_;

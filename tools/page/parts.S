@@ -7,6 +7,8 @@
         .globl vantiro_annotation_script_end
         .globl vantiro_difference_style_begin
         .globl vantiro_difference_style_end
+        .globl vantiro_plot_style_begin
+        .globl vantiro_plot_style_end
 vantiro_annotation_style_begin:
         .incbin "palette.css"
         .incbin "annotation.css"
@@ -20,6 +22,11 @@ vantiro_difference_style_begin:
         .incbin "palette.css"
         .incbin "difference.css"
 vantiro_difference_style_end:
+        .byte 0
+vantiro_plot_style_begin:
+        .incbin "palette.css"
+        .incbin "plot.css"
+vantiro_plot_style_end:
         .byte 0
 
         .section .note.GNU-stack, "", %progbits

@@ -38,6 +38,7 @@ std::unique_ptr<CLI::App> MakeProgram(CommandIo* io) {
   AddAnnotate(program.get(), io);
   AddDiff(program.get(), io);
   AddStats(program.get(), io);
+  AddPlot(program.get(), io);
   AddIdentify(program.get(), io);
   AddCheck(program.get(), io);
   AddSplit(program.get(), io);
