@@ -120,14 +120,13 @@ __attribute__((always_inline)) inline size_t UnknownFieldsSize(
              : 0;
 }
 
-// Writes the unknown fields unchanged. They follow all declared fields.
+// Writes the unknown fields unchanged. They follow all declared fields, so that
+// the call is the last one of a message's function.
 inline uint8_t* WriteUnknownFields(
     uint8_t* p, const google::protobuf::internal::InternalMetadata& metadata,
     Writer* writer) {
   if (__builtin_expect(!metadata.have_unknown_fields(), true)) return p;
-  const std::string& bytes = UnknownFields(metadata);
-  return writer->WriteRaw(p, bytes.data(),
-                          static_cast<ptrdiff_t>(bytes.size()));
+  return writer->WriteString(p, UnknownFields(metadata));
 }
 
 }  // namespace internal

@@ -34,29 +34,33 @@ inline uint8_t* WriteTag(uint8_t* p) {
   return p + TagSize(kTag);
 }
 
-// Spreads 28 bits over four bytes of seven bits each.
-inline uint32_t SpreadVarint(uint32_t bits) {
-  bits = (bits & 0x3fff) | (bits & 0x0fffc000) << 2;
-  return (bits & 0x007f007f) | (bits & 0x3f803f80) << 1;
+// Spreads 28 bits over four bytes of seven bits each. An addition of the same
+// bits shifts them by one, and of three times the same bits by two.
+__attribute__((always_inline)) inline uint32_t SpreadVarint(uint32_t bits) {
+  bits += (bits & 0x0fffc000) * 3;
+  return bits + (bits & 0x3f803f80);
 }
 
 // Write a varint of three bytes or more. The 32-bit forms are inline, so that a
-// function that writes nothing else calls nothing.
-inline uint8_t* WriteLongVarint(uint8_t* p, uint32_t value) {
+// function that writes nothing else calls nothing and saves no registers.
+__attribute__((always_inline)) inline uint8_t* WriteLongVarint(uint8_t* p,
+                                                               uint32_t value) {
+  const uint32_t low = SpreadVarint(value & 0x0fffffff);
   if (value < 0x200000) {
-    Store(p, SpreadVarint(value) | 0x8080);
+    Store(p, low | 0x8080);
     return p + 3;
   }
   if (value < 0x10000000) {
-    Store(p, SpreadVarint(value) | 0x808080);
+    Store(p, low | 0x808080);
     return p + 4;
   }
-  Store(p, SpreadVarint(value & 0x0fffffff) | 0x80808080);
+  Store(p, low | 0x80808080);
   p[4] = static_cast<uint8_t>(value >> 28);
   return p + 5;
 }
 // A negative int32 or enum is sign-extended to 64 bits and takes ten bytes.
-inline uint8_t* WriteLongVarint(uint8_t* p, int32_t value) {
+__attribute__((always_inline)) inline uint8_t* WriteLongVarint(uint8_t* p,
+                                                               int32_t value) {
   const auto bits = static_cast<uint32_t>(value);
   if (value >= 0) return WriteLongVarint(p, bits);
   Store(p, SpreadVarint(bits & 0x0fffffff) | 0x80808080);
@@ -65,26 +69,24 @@ inline uint8_t* WriteLongVarint(uint8_t* p, int32_t value) {
 }
 uint8_t* WriteLongVarint(uint8_t* p, uint64_t value);
 
-// For branches that are taken about as often as not: the compiler places the
-// code for `condition` first, but does not move the other code away.
-constexpr bool IsRatherLikely(bool condition) {
-  return __builtin_expect_with_probability(condition, 1, 0.6) != 0;
-}
-
 // A value from 0x80 to 0x3fff as it is encoded.
 inline uint32_t TwoByteVarint(uint32_t value) {
   return (value + (value & 0x3f80)) | 0x80;
 }
 
+// The conditions below are true about as often as not. The probability makes
+// the compiler place the code of the shorter form first, but not move the other
+// code far away. GCC loses it where the builtin is called by a function that
+// returns bool.
 template <typename T>
 __attribute__((always_inline)) inline uint8_t* WriteVarint(uint8_t* p,
                                                            T value) {
   const auto bits = static_cast<typename std::make_unsigned<T>::type>(value);
-  if (IsRatherLikely(bits < 0x80)) {
+  if (__builtin_expect_with_probability(bits < 0x80, 1, 0.6)) {
     p[0] = static_cast<uint8_t>(bits);
     return p + 1;
   }
-  if (IsRatherLikely(bits < 0x4000)) {
+  if (__builtin_expect_with_probability(bits < 0x4000, 1, 0.6)) {
     Store(p, static_cast<uint16_t>(TwoByteVarint(static_cast<uint32_t>(bits))));
     return p + 2;
   }
@@ -98,7 +100,7 @@ __attribute__((always_inline)) inline uint8_t* WriteTaggedVarint(uint8_t* p,
   constexpr uint32_t kRaw = ToRawTag(kTag);
   constexpr int kSize = TagSize(kTag);
   const auto bits = static_cast<typename std::make_unsigned<T>::type>(value);
-  if (IsRatherLikely(bits < 0x80)) {
+  if (__builtin_expect_with_probability(bits < 0x80, 1, 0.6)) {
     const uint32_t both = kRaw | static_cast<uint32_t>(bits) << (8 * kSize);
     if (kSize == 1) {
       Store(p, static_cast<uint16_t>(both));
@@ -107,7 +109,7 @@ __attribute__((always_inline)) inline uint8_t* WriteTaggedVarint(uint8_t* p,
     }
     return p + kSize + 1;
   }
-  if (IsRatherLikely(bits < 0x4000)) {
+  if (__builtin_expect_with_probability(bits < 0x4000, 1, 0.6)) {
     const uint32_t varint = TwoByteVarint(static_cast<uint32_t>(bits));
     Store(p, kRaw | varint << (8 * kSize));
     return p + kSize + 2;

@@ -18,6 +18,10 @@ uint8_t* Writer::FlushAndWriteRaw(uint8_t* p, const void* data,
   return ChooseSpace();
 }
 
+uint8_t* Writer::WriteString(uint8_t* p, const std::string& bytes) {
+  return WriteRaw(p, bytes.data(), static_cast<ptrdiff_t>(bytes.size()));
+}
+
 uint8_t* Writer::Finish(uint8_t* p) {
   if (!IsUsingBuffer()) return p;
   const ptrdiff_t size = std::min<ptrdiff_t>(p - buffer_, remaining_);

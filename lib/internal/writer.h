@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 
 #include "internal/stream_end.h"
 #include "internal/tag.h"
@@ -83,6 +84,9 @@ class Writer {
     std::memcpy(p, data, static_cast<size_t>(size));
     return p + size;
   }
+
+  // The same out of line, for what is rare.
+  uint8_t* WriteString(uint8_t* p, const std::string& bytes);
 
   // Ends the writing. Returns the stream's new position.
   uint8_t* Finish(uint8_t* p);
