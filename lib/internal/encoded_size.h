@@ -3,7 +3,7 @@
 //
 // In a class's struct of scalars the fields of one kind are adjacent, in the
 // order of their numbers, so that those with tags of one byte come first. One
-// operation gives the sizes of four of them, whatever their values.
+// operation gives the sizes of eight of them, whatever their values.
 
 #ifndef VANTIRO_LIB_INTERNAL_ENCODED_SIZE_H_
 #define VANTIRO_LIB_INTERNAL_ENCODED_SIZE_H_
@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include "internal/four.h"
@@ -30,48 +31,45 @@ using google::protobuf::internal::WireFormatLite;
 static_assert(sizeof(google::protobuf::MessageLite) >= 12,
               "the base class is before the scalars");
 
-// The kinds of 32 bits: the sizes of values with their tags, which may be
-// anything for values that are zero; and which values are not written.
+// The kinds of 32 bits that are written as varints. An element of Exponents is
+// set by its highest bit; what is above kMaxExponent is counted as that.
 struct UInt32Sizes {
-  __attribute__((always_inline)) static Four Sizes(Four values,
-                                                   Four tag_sizes) {
-    return VarintSizes(values, tag_sizes);
-  }
-  __attribute__((always_inline)) static Four IsSkipped(Four values) {
-    return IsZero(values);
+  static constexpr int16_t kMaxExponent = 127 + 31;
+  __attribute__((always_inline)) static Four ToVarints(Four values) {
+    return values;
   }
 };
 // Also for enums. A negative value is sign-extended to 64 bits and takes ten
-// bytes.
+// bytes: as many as if its highest bit were this one.
 struct Int32Sizes : UInt32Sizes {
-  __attribute__((always_inline)) static Four Sizes(Four values,
-                                                   Four tag_sizes) {
-    return VarintSizes(values, tag_sizes) +
-           (IsNegative(values) & Four{5, 5, 5, 5});
-  }
+  static constexpr int16_t kMaxExponent = 127 + 63;
 };
 struct SInt32Sizes : UInt32Sizes {
-  __attribute__((always_inline)) static Four Sizes(Four values,
-                                                   Four tag_sizes) {
-    return VarintSizes(values << 1 ^ IsNegative(values), tag_sizes);
+  __attribute__((always_inline)) static Four ToVarints(Four values) {
+    return values << 1 ^ IsNegative(values);
   }
 };
-// A value that compares equal to 0.0 is skipped: also -0.0, but no NaN.
-struct FloatSizes {
-  __attribute__((always_inline)) static Four Sizes(Four /*values*/,
-                                                   Four tag_sizes) {
-    return tag_sizes + Four{4, 4, 4, 4};
-  }
-  __attribute__((always_inline)) static Four IsSkipped(Four values) {
-    return IsZero(values << 1);
-  }
-};
+// Not a varint. A value that compares equal to 0.0 is not written: also -0.0,
+// but a NaN is.
+struct FloatSizes {};
 
-// The sizes of elements of a packed field, zeros included. To set the lowest
-// bit of another value does not change its size in any kind.
+// What EncodedSizes adds for a value that is not counted.
+constexpr int16_t kNotCounted = -0x4000;
+
+// What EncodedSizes adds for a varint with a tag: the size is
+// (9 * highest bit + 73) / 64, as the runtime counts.
+constexpr int16_t SizeBias(int tag_size) {
+  return static_cast<int16_t>(64 * tag_size + 73 - 9 * 127);
+}
+
+// The sizes of varints that are not zero, and 0 for a zero.
 template <typename Kind>
-__attribute__((always_inline)) inline Four ElementSizes(Four values) {
-  return Kind::Sizes(values | Four{1, 1, 1, 1}, Four{});
+__attribute__((always_inline)) inline Eight EncodedSizes(Eight exponents,
+                                                         Eight biases) {
+  constexpr int16_t kMax = Kind::kMaxExponent;
+  constexpr Eight kMaxExponents = {kMax, kMax, kMax, kMax,
+                                   kMax, kMax, kMax, kMax};
+  return Max(Min(exponents, kMaxExponents) * 9 + biases, Eight{}) >> 6;
 }
 
 // Adds up the sizes of a message's fields with their tags.
@@ -84,45 +82,91 @@ class FieldSizes {
   __attribute__((always_inline)) void Add(const void* first) {
     constexpr int kCount = kOneByteTags + kTwoByteTags;
     const auto* const begin = static_cast<const char*>(first);
-    AddFours<Kind, kOneByteTags>(begin,
-                                 std::make_integer_sequence<int, kCount / 4>());
-    if (kCount % 4 != 0) {
-      AddFour<Kind>(begin + ptrdiff_t{4} * (kCount - 4),
-                    TagSizes(kCount - 4, kOneByteTags, 4 - kCount % 4));
+    if constexpr (std::is_same<Kind, FloatSizes>::value) {
+      AddFloats<kCount, kOneByteTags>(
+          begin, std::make_integer_sequence<int, (kCount + 3) / 4>());
+    } else {
+      AddVarints<Kind, kCount, kOneByteTags>(
+          begin, std::make_integer_sequence<int, (kCount + 7) / 8>());
     }
+    static_assert(kCount <= kMaxCount, "the sums of their sizes have 16 bits");
   }
 
-  size_t Total() const { return Sum(total_); }
+  size_t Total() const { return Sum(float_sizes_ + AddPairs(varint_sizes_)); }
 
  private:
-  // The tag sizes of four fields, 0 for the first `skipped` ones.
-  static constexpr Four TagSizes(int start, int one_byte_tags, int skipped) {
-    return Four{TagSize(start, one_byte_tags, skipped, 0),
-                TagSize(start, one_byte_tags, skipped, 1),
-                TagSize(start, one_byte_tags, skipped, 2),
-                TagSize(start, one_byte_tags, skipped, 3)};
+  // Of one kind out of three. No field takes more than twelve bytes, and eight
+  // sums are made of each kind.
+  static constexpr int kMaxCount = 4096;
+
+  // Where the fours of `count` fields begin: the last one ends with the last
+  // field.
+  static constexpr int Start(int four, int count) {
+    return 4 * four + 4 <= count ? 4 * four : count - 4;
   }
-  static constexpr uint32_t TagSize(int start, int one_byte_tags, int skipped,
-                                    int i) {
-    return i < skipped ? 0 : start + i < one_byte_tags ? 1 : 2;
+  // The tag size of a field; 0 if it belongs to the four before, or if there is
+  // no such field.
+  static constexpr int TagSize(int four, int i, int count, int one_byte_tags) {
+    const int field = Start(four, count) + i;
+    return field < 4 * four || 4 * four >= count ? 0
+           : field < one_byte_tags               ? 1
+                                                 : 2;
+  }
+  static constexpr uint16_t Bias(int tag_size) {
+    return static_cast<uint16_t>(tag_size == 0 ? kNotCounted
+                                               : SizeBias(tag_size));
+  }
+  static constexpr Four Biases(int four, int count, int one_byte_tags) {
+    return Four{Bias(TagSize(four, 0, count, one_byte_tags)),
+                Bias(TagSize(four, 1, count, one_byte_tags)),
+                Bias(TagSize(four, 2, count, one_byte_tags)),
+                Bias(TagSize(four, 3, count, one_byte_tags))};
   }
 
-  template <typename Kind, int kOneByteTags, int... kIndex>
-  __attribute__((always_inline)) void AddFours(
+  template <typename Kind, int kCount, int kOneByteTags, int... kIndex>
+  __attribute__((always_inline)) void AddVarints(
       const char* begin, std::integer_sequence<int, kIndex...> /*indices*/) {
-    (AddFour<Kind>(begin + ptrdiff_t{16} * kIndex,
-                   TagSizes(4 * kIndex, kOneByteTags, 0)),
+    ((varint_sizes_ =
+          varint_sizes_ +
+          EncodedSizes<Kind>(
+              Join(LoadExponents<Kind, kCount>(begin, 2 * kIndex),
+                   LoadExponents<Kind, kCount>(begin, 2 * kIndex + 1)),
+              Join(Biases(2 * kIndex, kCount, kOneByteTags),
+                   Biases(2 * kIndex + 1, kCount, kOneByteTags)))),
      ...);
   }
 
-  template <typename Kind>
-  __attribute__((always_inline)) void AddFour(const char* p, Four tag_sizes) {
-    const Four values = LoadFour(p);
-    total_ = total_ + (Kind::Sizes(values, tag_sizes) &
-                       ~(Kind::IsSkipped(values) | IsZero(tag_sizes)));
+  template <typename Kind, int kCount>
+  __attribute__((always_inline)) static Four LoadExponents(const char* begin,
+                                                           int four) {
+    if (4 * four >= kCount) return Four{};
+    return Exponents(
+        Kind::ToVarints(LoadFour(begin + ptrdiff_t{4} * Start(four, kCount))));
   }
 
-  Four total_ = {};
+  template <int kCount, int kOneByteTags, int... kIndex>
+  __attribute__((always_inline)) void AddFloats(
+      const char* begin, std::integer_sequence<int, kIndex...> /*indices*/) {
+    ((float_sizes_ =
+          float_sizes_ +
+          (FloatFieldSizes(kIndex, kCount, kOneByteTags) &
+           ~IsZero(LoadFour(begin + ptrdiff_t{4} * Start(kIndex, kCount))
+                   << 1))),
+     ...);
+  }
+  static constexpr uint32_t FloatFieldSize(int tag_size) {
+    return tag_size == 0 ? 0 : static_cast<uint32_t>(tag_size) + 4;
+  }
+  static constexpr Four FloatFieldSizes(int four, int count,
+                                        int one_byte_tags) {
+    return Four{FloatFieldSize(TagSize(four, 0, count, one_byte_tags)),
+                FloatFieldSize(TagSize(four, 1, count, one_byte_tags)),
+                FloatFieldSize(TagSize(four, 2, count, one_byte_tags)),
+                FloatFieldSize(TagSize(four, 3, count, one_byte_tags))};
+  }
+
+  Four float_sizes_ = {};
+  Eight varint_sizes_ = {};
 };
 
 // The size of adjacent bools from `first` on with their tags. Up to seven bytes
