@@ -41,10 +41,9 @@ __attribute__((always_inline)) inline uint32_t SpreadVarint(uint32_t bits) {
   return bits + (bits & 0x3f803f80);
 }
 
-// Write a varint of three bytes or more. The 32-bit forms are inline, so that a
-// function that writes nothing else calls nothing and saves no registers.
-__attribute__((always_inline)) inline uint8_t* WriteLongVarint(uint8_t* p,
-                                                               uint32_t value) {
+// Write a varint of three bytes or more. The 32-bit forms are inline, but not
+// always: calls from large functions take less code and no more time.
+inline uint8_t* WriteLongVarint(uint8_t* p, uint32_t value) {
   const uint32_t low = SpreadVarint(value & 0x0fffffff);
   if (value < 0x200000) {
     Store(p, low | 0x8080);
@@ -59,8 +58,7 @@ __attribute__((always_inline)) inline uint8_t* WriteLongVarint(uint8_t* p,
   return p + 5;
 }
 // A negative int32 or enum is sign-extended to 64 bits and takes ten bytes.
-__attribute__((always_inline)) inline uint8_t* WriteLongVarint(uint8_t* p,
-                                                               int32_t value) {
+inline uint8_t* WriteLongVarint(uint8_t* p, int32_t value) {
   const auto bits = static_cast<uint32_t>(value);
   if (value >= 0) return WriteLongVarint(p, bits);
   Store(p, SpreadVarint(bits & 0x0fffffff) | 0x80808080);
