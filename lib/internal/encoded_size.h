@@ -12,6 +12,7 @@
 #include <google/protobuf/message_lite.h>
 #include <google/protobuf/repeated_field.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -82,22 +83,28 @@ class FieldSizes {
   __attribute__((always_inline)) void Add(const void* first) {
     constexpr int kCount = kOneByteTags + kTwoByteTags;
     const auto* const begin = static_cast<const char*>(first);
-    if constexpr (std::is_same<Kind, FloatSizes>::value) {
+    if constexpr (kCount > kMaxCount) {
+      constexpr int kOneByte = std::min(kOneByteTags, kMaxCount);
+      constexpr int kTwoByte = kMaxCount - kOneByte;
+      Add<Kind, kOneByte, kTwoByte>(begin);
+      float_sizes_ = float_sizes_ + AddPairs(varint_sizes_);
+      varint_sizes_ = Eight{};
+      Add<Kind, kOneByteTags - kOneByte, kTwoByteTags - kTwoByte>(
+          begin + ptrdiff_t{4} * kMaxCount);
+    } else if constexpr (std::is_same<Kind, FloatSizes>::value) {
       AddFloats<kCount, kOneByteTags>(
           begin, std::make_integer_sequence<int, (kCount + 3) / 4>());
     } else {
       AddVarints<Kind, kCount, kOneByteTags>(
           begin, std::make_integer_sequence<int, (kCount + 7) / 8>());
     }
-    static_assert(kCount <= kMaxCount, "the sums of their sizes have 16 bits");
   }
 
   size_t Total() const { return Sum(float_sizes_ + AddPairs(varint_sizes_)); }
 
  private:
-  // Of one kind out of three. No field takes more than twelve bytes, and eight
-  // sums are made of each kind.
-  static constexpr int kMaxCount = 4096;
+  // The most fields that are added at once: sums of their sizes have 16 bits.
+  static constexpr int kMaxCount = 1024;
 
   // Where the fours of `count` fields begin: the last one ends with the last
   // field.
@@ -165,6 +172,7 @@ class FieldSizes {
                 FloatFieldSize(TagSize(four, 3, count, one_byte_tags))};
   }
 
+  // Also what was moved from the sums of 16 bits.
   Four float_sizes_ = {};
   Eight varint_sizes_ = {};
 };

@@ -48,7 +48,7 @@ std::string WriteOneByOne(const Floats& values) {
 
 template <int kCount>
 struct Record {
-  float others[3] = {1, 2, 3};
+  uint32_t others[3] = {1, 2, 3};
   std::array<float, static_cast<size_t>(kCount)> values = {};
 };
 
