@@ -7,6 +7,7 @@
 
 #include "tools/formats/node_text.h"
 #include "tools/page/html.h"
+#include "tools/page/page_head.h"
 #include "tools/record/value_text.h"
 #include "tools/wire/hex.h"
 
@@ -20,10 +21,6 @@ namespace tools {
 namespace {
 
 constexpr size_t kBytesInLine = 16;
-
-std::string_view Between(const char* begin, const char* end) {
-  return {begin, static_cast<size_t>(end - begin)};
-}
 
 // The bytes of one part of a field: tag, length, value ...
 struct Piece {
@@ -195,19 +192,13 @@ class PageWriter {
 
 void WriteHead(const RecordTree& tree, const std::string& title,
                std::ostream& out) {
-  const std::string_view style =
-      Between(vantiro_annotation_style_begin, vantiro_annotation_style_end);
-  out << R"(<!DOCTYPE html>
-<html lang="en">
-<head>
-<meta charset="utf-8">
-<meta name="viewport" content="width=device-width, initial-scale=1">
-<meta name="color-scheme" content="light dark">
-<title>)"
-      << Escape(title) << "</title>\n<style>\n"
-      << style << "</style>\n</head>\n<body>\n<header>\n<div><h1>"
-      << Escape(title) << "</h1>\n<p>" << tree.type->full_name() << ", "
-      << ByteCount(tree.bytes.size()) << "</p>";
+  WritePageHead(
+      title,
+      Between(vantiro_annotation_style_begin, vantiro_annotation_style_end),
+      &out);
+  out << "<header>\n<div><h1>" << Escape(title) << "</h1>\n<p>"
+      << tree.type->full_name() << ", " << ByteCount(tree.bytes.size())
+      << "</p>";
   if (!tree.ok()) {
     out << "\n<p class=\"fault\">" << Escape(tree.fault->Text()) << "</p>";
   }

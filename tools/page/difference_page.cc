@@ -1,9 +1,9 @@
 #include "tools/page/difference_page.h"
 
 #include <deque>
-#include <string_view>
 
 #include "tools/page/html.h"
+#include "tools/page/page_head.h"
 #include "tools/wire/escape.h"
 
 extern "C" const char vantiro_difference_style_begin[];
@@ -23,20 +23,11 @@ std::string Cell(const char* style, const std::string& text) {
 class DifferencePage : public DifferenceWriter {
  public:
   DifferencePage(const std::string& title, std::ostream* out) : out_(*out) {
-    const std::string_view style(
-        vantiro_difference_style_begin,
-        static_cast<size_t>(vantiro_difference_style_end -
-                            vantiro_difference_style_begin));
-    out_ << R"(<!DOCTYPE html>
-<html lang="en">
-<head>
-<meta charset="utf-8">
-<meta name="viewport" content="width=device-width, initial-scale=1">
-<meta name="color-scheme" content="light dark">
-<title>)" << Escape(title)
-         << "</title>\n<style>\n"
-         << style << "</style>\n</head>\n<body>\n<header>\n<h1>"
-         << Escape(title) << R"(</h1>
+    WritePageHead(
+        title,
+        Between(vantiro_difference_style_begin, vantiro_difference_style_end),
+        out);
+    out_ << "<header>\n<h1>" << Escape(title) << R"(</h1>
 <label><input type="checkbox" id="all"> Show what is the same</label>
 </header>
 <main>
