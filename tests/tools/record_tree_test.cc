@@ -80,8 +80,8 @@ TEST(RecordTree, ReportsWhereAndWhyARecordIsDamaged) {
 }
 
 TEST(RecordTree, KeepsWhatWasReadBeforeTheFault) {
-  const RecordTree tree =
-      Read("FaceRoiType", FromHex("08 01 12 05 0d 00 00 80 3f 12 05 0d 00"));
+  const std::string bytes = FromHex("08 01 12 05 0d 00 00 80 3f 12 05 0d 00");
+  const RecordTree tree = Read("FaceRoiType", bytes);
   EXPECT_EQ(ToHex(Serialize(DecodeRecord(*tree.type, tree.bytes).record)),
             "08 01 12 05 0d 00 00 80 3f 12 00");
 }
