@@ -75,6 +75,7 @@ std::string MessageGenerator::Copying() const {
       $internal$::DropNegativeZeros<$count$>(&$scalars$.$first$);
   )");
   }
+  copy_fields += ForFields(&FieldGenerator::AfterCopyOfScalars);
   return Function("void $Class$::CopyFrom(const $Class$& from)", body) + "\n" +
          Function(
              "void $Class$::CopyFields(const $Class$& from, "

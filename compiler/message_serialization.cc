@@ -31,6 +31,9 @@ std::vector<Fields> MessageGenerator::ScalarGroups() const {
         group.push_back(field.get());
       }
     }
+    std::stable_sort(group.begin(), group.end(), [](auto* a, auto* b) {
+      return a->scalar_width() > b->scalar_width();
+    });
     if (!group.empty()) groups.push_back(group);
   }
   return groups;

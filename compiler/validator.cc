@@ -95,11 +95,6 @@ class FeatureValidator {
 
   void ValidateType(const FieldDescriptor* field) {
     switch (field->type()) {
-      case FieldDescriptor::TYPE_DOUBLE:
-      case FieldDescriptor::TYPE_FIXED32:
-      case FieldDescriptor::TYPE_FIXED64:
-      case FieldDescriptor::TYPE_SFIXED32:
-      case FieldDescriptor::TYPE_SFIXED64:
       case FieldDescriptor::TYPE_GROUP:
         Add(field, std::string(field->type_name()) + " is not supported");
         return;

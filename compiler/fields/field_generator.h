@@ -62,6 +62,8 @@ class FieldGenerator {
   virtual std::string Clear() const { return ""; }
   virtual std::string Merge() const = 0;
   virtual std::string Copy() const { return ""; }
+  // For a scalar, after all scalars were copied as one.
+  virtual std::string AfterCopyOfScalars() const { return ""; }
   virtual std::string Swap() const { return ""; }
   virtual std::string ByteSize() const = 0;
   virtual std::string Serialize() const = 0;

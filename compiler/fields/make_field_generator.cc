@@ -2,8 +2,10 @@
 
 #include "compiler/fields/bool.h"
 #include "compiler/fields/field_generator.h"
+#include "compiler/fields/fixed.h"
 #include "compiler/fields/float.h"
 #include "compiler/fields/message.h"
+#include "compiler/fields/repeated_fixed.h"
 #include "compiler/fields/repeated_float.h"
 #include "compiler/fields/repeated_message.h"
 #include "compiler/fields/repeated_varint.h"
@@ -28,6 +30,16 @@ std::unique_ptr<FieldGenerator> MakeVarint(const FieldDescriptor* field,
   return Make<VarintFieldGenerator, RepeatedVarintFieldGenerator>(field, kind);
 }
 
+std::unique_ptr<FieldGenerator> MakeFixed(const FieldDescriptor* field,
+                                          const FixedKind& kind) {
+  return Make<FixedFieldGenerator, RepeatedFixedFieldGenerator>(field, kind);
+}
+
+std::unique_ptr<FieldGenerator> MakeDouble(const FieldDescriptor* field) {
+  if (field->is_repeated()) return MakeFixed(field, kDouble);
+  return std::make_unique<DoubleFieldGenerator>(field);
+}
+
 }  // namespace
 
 std::unique_ptr<FieldGenerator> MakeFieldGenerator(
@@ -35,6 +47,16 @@ std::unique_ptr<FieldGenerator> MakeFieldGenerator(
   switch (field->type()) {
     case FieldDescriptor::TYPE_FLOAT:
       return Make<FloatFieldGenerator, RepeatedFloatFieldGenerator>(field);
+    case FieldDescriptor::TYPE_DOUBLE:
+      return MakeDouble(field);
+    case FieldDescriptor::TYPE_FIXED32:
+      return MakeFixed(field, kFixed32);
+    case FieldDescriptor::TYPE_SFIXED32:
+      return MakeFixed(field, kSFixed32);
+    case FieldDescriptor::TYPE_FIXED64:
+      return MakeFixed(field, kFixed64);
+    case FieldDescriptor::TYPE_SFIXED64:
+      return MakeFixed(field, kSFixed64);
     case FieldDescriptor::TYPE_BOOL:
       return Make<BoolFieldGenerator, RepeatedBoolFieldGenerator>(field);
     case FieldDescriptor::TYPE_UINT32:

@@ -33,6 +33,11 @@ enum class CopyTarget {
   kNew,
 };
 
+// Makes a -0.0 a 0.0, as merging into a zero does.
+inline void DropNegativeZero(double* value) {
+  if (*value == 0) *value = 0;
+}
+
 // Makes each -0.0 of `kCount` adjacent floats a 0.0, as merging into a zero
 // does.
 template <int kCount>

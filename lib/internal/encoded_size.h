@@ -244,9 +244,13 @@ size_t UInt32PayloadSize(
     const google::protobuf::RepeatedField<uint32_t>& field);
 size_t SInt32PayloadSize(const google::protobuf::RepeatedField<int32_t>& field);
 size_t Int32PayloadSize(const google::protobuf::RepeatedField<int32_t>& field);
+template <typename T>
+size_t FixedPayloadSize(const google::protobuf::RepeatedField<T>& field) {
+  return sizeof(T) * static_cast<size_t>(field.size());
+}
 inline size_t FloatPayloadSize(
     const google::protobuf::RepeatedField<float>& field) {
-  return sizeof(float) * static_cast<size_t>(field.size());
+  return FixedPayloadSize(field);
 }
 inline size_t BoolPayloadSize(
     const google::protobuf::RepeatedField<bool>& field) {

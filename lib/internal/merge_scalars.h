@@ -17,10 +17,6 @@ namespace internal {
 // Merges a field whose value in the other message is `value`.
 template <typename T>
 void MergeScalar(T value, T* field) {
-  if (value != 0) *field = value;
-}
-
-inline void MergeScalar(float value, float* field) {
   if (IsNonZero(value)) *field = value;
 }
 

@@ -85,15 +85,63 @@ const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
   return varint.next;
 }
 
-// Reads a packed run of floats. A length that is not a multiple of four fails
-// before any element is read. A run that is longer than the input fails. None
-// of its elements is kept if it is read at once (InputBounds::IsReadAtOnce),
-// otherwise those that are there.
+// Reads a packed run of values of fixed size. A length that is not a multiple
+// of that size fails before any element is read. A run that is longer than the
+// input fails. None of its elements is kept if it is read at once
+// (InputBounds::IsReadAtOnce), otherwise those that are there.
+template <typename T>
+const uint8_t* ReadPackedFixed(const uint8_t* p, const uint8_t* end,
+                               const ParseState& state,
+                               RepeatedField<T>* field) {
+  constexpr ptrdiff_t kValueSize = sizeof(T);
+  ptrdiff_t length;
+  p = ReadLength(p, end, &length);
+  if (p == nullptr || length % kValueSize != 0) return nullptr;
+  const ptrdiff_t missing = length - (end - p);
+  const bool at_once =
+      state.bounds.IsReadAtOnce(state.recursion_budget, missing);
+  if (at_once && missing > 0) return nullptr;
+  const ptrdiff_t count = std::min(length, end - p) / kValueSize;
+  if (count > 0) {
+    if (at_once) {
+      ReserveAtOnce(count, field);
+    } else {
+      ReserveByDoubling(count, field);
+    }
+    T* const first = field->AddNAlreadyReserved(static_cast<int>(count));
+    std::memcpy(first, p, static_cast<size_t>(count * kValueSize));
+  }
+  return missing > 0 ? nullptr : p + length;
+}
+
+// As ReadUnpackedVarint, with the same look-ahead.
+template <typename T>
+const uint8_t* ReadUnpackedFixed(const uint8_t* p, const uint8_t* end,
+                                 RawTag packed_tag, const ParseState& state,
+                                 RepeatedField<T>* field) {
+  constexpr ptrdiff_t kValueSize = sizeof(T);
+  T element;
+  p = ReadFixed(p, end, &element);
+  if (p == nullptr) return nullptr;
+  AddElement(element, field);
+  // Looks ahead for whole elements only: a tag whose value is truncated is left
+  // to the parser.
+  const int tag_size = RawTagSize(packed_tag);
+  const ptrdiff_t available = std::min<ptrdiff_t>(
+      field->Capacity() - field->size(),
+      (state.bounds.EndOfLookAhead(p, end) - p) / (tag_size + kValueSize));
+  for (ptrdiff_t i = 0; i < available && PeekTag(p, end) == packed_tag; ++i) {
+    p = ReadFixed(p + tag_size, end, &element);
+    field->AddAlreadyReserved(element);
+  }
+  return p;
+}
+
+// The same for floats, out of line.
 const uint8_t* ReadPackedFloats(const uint8_t* p, const uint8_t* end,
                                 const ParseState& state,
                                 RepeatedField<float>* field);
 
-// As ReadUnpackedVarint, with the same look-ahead.
 const uint8_t* ReadUnpackedFloat(const uint8_t* p, const uint8_t* end,
                                  RawTag packed_tag, const ParseState& state,
                                  RepeatedField<float>* field);
@@ -108,6 +156,16 @@ const uint8_t* ReadRepeatedVarint(
   return tag == packed_tag
              ? ReadPackedVarints<Kind>(p, end, state, field)
              : ReadUnpackedVarint<Kind>(p, end, packed_tag, state, field);
+}
+
+template <typename T>
+const uint8_t* ReadRepeatedFixed(const uint8_t* p, const uint8_t* end,
+                                 RawTag tag, RawTag packed_tag,
+                                 const ParseState& state,
+                                 google::protobuf::RepeatedField<T>* field) {
+  return tag == packed_tag
+             ? ReadPackedFixed(p, end, state, field)
+             : ReadUnpackedFixed(p, end, packed_tag, state, field);
 }
 
 inline const uint8_t* ReadRepeatedFloat(

@@ -22,12 +22,20 @@ static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__,
 
 constexpr ptrdiff_t kFloatSize = sizeof(float);
 
-// Reads a float: any four bytes, NaN and -0.0 included.
-inline const uint8_t* ReadFloat(const uint8_t* p, const uint8_t* end,
-                                float* field) {
-  if (__builtin_expect(end - p < kFloatSize, false)) return nullptr;
+// Reads a value of fixed size: any bytes, for a float or double NaN and -0.0
+// included.
+template <typename T>
+inline const uint8_t* ReadFixed(const uint8_t* p, const uint8_t* end,
+                                T* field) {
+  constexpr ptrdiff_t kValueSize = sizeof(T);
+  if (__builtin_expect(end - p < kValueSize, false)) return nullptr;
   std::memcpy(field, p, sizeof(*field));
   return p + sizeof(*field);
+}
+
+inline const uint8_t* ReadFloat(const uint8_t* p, const uint8_t* end,
+                                float* field) {
+  return ReadFixed(p, end, field);
 }
 
 // Whether `*p` is the tag `kTag`, and space for a float follows, which is

@@ -62,16 +62,23 @@ inline uint8_t* WriteBytes(uint8_t* p, const std::string& bytes,
 
 // The following write nothing for an empty field.
 
-// Writes a repeated float. Elements are written whatever their
-// value, also -0.0.
-template <uint32_t kTag>
-inline uint8_t* WritePackedFloats(
-    uint8_t* p, const google::protobuf::RepeatedField<float>& field,
+// Writes a repeated field of values of fixed size. Elements are written
+// whatever their value, also -0.0.
+template <uint32_t kTag, typename T>
+inline uint8_t* WritePackedFixed(
+    uint8_t* p, const google::protobuf::RepeatedField<T>& field,
     int cached_size, Writer* writer) {
   if (field.empty()) return p;
   p = WriteTaggedVarint<kTag>(p, static_cast<uint32_t>(cached_size));
   return writer->WriteRaw(p, field.data(),
-                          field.size() * static_cast<ptrdiff_t>(sizeof(float)));
+                          field.size() * static_cast<ptrdiff_t>(sizeof(T)));
+}
+
+template <uint32_t kTag>
+inline uint8_t* WritePackedFloats(
+    uint8_t* p, const google::protobuf::RepeatedField<float>& field,
+    int cached_size, Writer* writer) {
+  return WritePackedFixed<kTag>(p, field, cached_size, writer);
 }
 
 // Writes a repeated bool that isn't empty.

@@ -39,13 +39,30 @@ inline bool IsNonZero(float value) {
   return bits << 1 != 0;
 }
 
-template <uint32_t kTag>
-__attribute__((always_inline)) inline uint8_t* WriteFloatField(uint8_t* p,
-                                                               float value) {
+inline bool IsNonZero(double value) {
+  uint64_t bits;
+  std::memcpy(&bits, &value, sizeof(bits));
+  return bits << 1 != 0;
+}
+
+template <typename T>
+bool IsNonZero(T value) {
+  return value != 0;
+}
+
+template <uint32_t kTag, typename T>
+__attribute__((always_inline)) inline uint8_t* WriteFixedField(uint8_t* p,
+                                                               T value) {
   if (!IsNonZero(value)) return p;
   p = WriteTag<kTag>(p);
   Store(p, value);
   return p + sizeof(value);
+}
+
+template <uint32_t kTag>
+__attribute__((always_inline)) inline uint8_t* WriteFloatField(uint8_t* p,
+                                                               float value) {
+  return WriteFixedField<kTag>(p, value);
 }
 
 // How many of several floats are zero.

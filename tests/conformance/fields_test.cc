@@ -11,8 +11,10 @@ namespace {
 
 // The kinds that accessors tell apart.
 Kind AccessorKind(Kind kind) {
-  if (kind == Kind::SINT32) return Kind::INT32;
-  if (kind == Kind::SINT64) return Kind::INT64;
+  if (kind == Kind::SINT32 || kind == Kind::SFIXED32) return Kind::INT32;
+  if (kind == Kind::SINT64 || kind == Kind::SFIXED64) return Kind::INT64;
+  if (kind == Kind::FIXED32) return Kind::UINT32;
+  if (kind == Kind::FIXED64) return Kind::UINT64;
   return kind == Kind::BYTES ? Kind::STRING : kind;
 }
 
@@ -75,8 +77,8 @@ TEST(Fields, AreReadAndWrittenByTheirNumberAndKind) {
     }
   }
   // The library's, and those of tests/data/schema.
-  EXPECT_EQ(AllTypes().size(), 237u + 7u);
-  EXPECT_EQ(count, 1774u + 50u);
+  EXPECT_EQ(AllTypes().size(), 237u + 9u);
+  EXPECT_EQ(count, 1774u + 68u);
 }
 
 // Lengths of two and of three bytes.

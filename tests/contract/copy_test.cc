@@ -20,11 +20,10 @@ using z3a_debug_data::zabc::AlgorithmInputs;
 // spare capacity, the length of the packed run is one more element, and what
 // follows it are other fields.
 std::string LookAheadBytes(const Field& field) {
-  const bool is_float = field.kind == Kind::FLOAT;
-  return Tag(field.number, is_float ? kFixed32 : kVarint) +
-         Element(field.kind, 1) +
-         Delimited(field.number, is_float ? FromHex("08 01 02 03 08 81 01 10")
-                                          : FromHex("08 01"));
+  return Tag(field.number, TypeOf(field.kind)) + Element(field.kind, 1) +
+         Delimited(field.number, FixedSize(field.kind) > 0
+                                     ? FromHex("08 01 02 03 08 81 01 10")
+                                     : FromHex("08 01"));
 }
 
 // The same for all repeated scalars below a message.

@@ -27,7 +27,7 @@ std::string LookAheadBytes(const Type& type, int depth) {
     } else if (field.is_repeated && field.kind != Kind::BOOL) {
       // No record repeats bools, and their least capacity is the runtime's.
       bytes += Tag(number, TypeOf(field.kind)) + Element(field.kind, 1) +
-               Delimited(number, FromHex(field.kind == Kind::FLOAT
+               Delimited(number, FromHex(FixedSize(field.kind) > 0
                                              ? "01 02 03 08 81 80 80 00"
                                              : "08 01"));
     }

@@ -58,6 +58,11 @@ Value ToValue(float value) {
   std::memcpy(&bits, &value, sizeof(bits));
   return ToValue(bits, Kind::FLOAT);
 }
+Value ToValue(double value) {
+  uint64_t bits;
+  std::memcpy(&bits, &value, sizeof(bits));
+  return ToValue(bits, Kind::DOUBLE);
+}
 Value ToValue(const std::string& value) { return {0, value, Kind::STRING}; }
 Value ToValue(const MessageLite& value) {
   return {0, value.SerializeAsString(), Kind::MESSAGE, value.GetTypeName()};
@@ -73,6 +78,11 @@ struct Argument {
     const auto bits = static_cast<uint32_t>(value.number);
     float result;
     std::memcpy(&result, &bits, sizeof(result));
+    return result;
+  }
+  operator double() const {  // NOLINT(google-explicit-constructor)
+    double result;
+    std::memcpy(&result, &value.number, sizeof(result));
     return result;
   }
   const Value& value;

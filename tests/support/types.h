@@ -36,10 +36,16 @@ enum class Kind {
   STRING,
   BYTES,
   MESSAGE,
+  DOUBLE,
+  FIXED32,
+  SFIXED32,
+  FIXED64,
+  SFIXED64,
 };
 
-// The value of a field of any kind: the bits of a float, any other number
-// extended to 64 bits with its sign, a string, or the bytes of a message.
+// The value of a field of any kind: the bits of a float or double, any other
+// number extended to 64 bits with its sign, a string, or the bytes of a
+// message.
 struct Value {
   uint64_t number;
   std::string bytes;

@@ -31,7 +31,13 @@ size_t CharacterSize(const std::string& text, size_t at) {
 WireType TypeOf(Kind kind) {
   switch (kind) {
     case Kind::FLOAT:
+    case Kind::FIXED32:
+    case Kind::SFIXED32:
       return kFixed32;
+    case Kind::DOUBLE:
+    case Kind::FIXED64:
+    case Kind::SFIXED64:
+      return kFixed64;
     case Kind::STRING:
     case Kind::BYTES:
     case Kind::MESSAGE:
@@ -39,6 +45,11 @@ WireType TypeOf(Kind kind) {
     default:
       return kVarint;
   }
+}
+
+size_t FixedSize(Kind kind) {
+  const WireType type = TypeOf(kind);
+  return type == kFixed32 ? 4 : type == kFixed64 ? 8 : 0;
 }
 
 std::string Varint(uint64_t value) {
@@ -76,12 +87,12 @@ uint64_t FromVarint(Kind kind, uint64_t raw) {
 
 std::string Element(Kind kind, uint64_t bits) {
   const bool negative32 = (bits & 0x80000000) != 0;
+  if (const size_t size = FixedSize(kind)) {
+    std::string bytes;
+    for (size_t i = 0; i < size; ++i) bytes += static_cast<char>(bits >> 8 * i);
+    return bytes;
+  }
   switch (kind) {
-    case Kind::FLOAT: {
-      std::string bytes;
-      for (int i = 0; i < 4; ++i) bytes += static_cast<char>(bits >> (8 * i));
-      return bytes;
-    }
     case Kind::INT32:
     case Kind::ENUM:
       return Varint(negative32 ? bits | 0xffffffff00000000 : bits);
@@ -95,7 +106,8 @@ std::string Element(Kind kind, uint64_t bits) {
 }
 
 bool IsZero(Kind kind, uint64_t bits) {
-  return kind == Kind::FLOAT ? (bits & 0x7fffffff) == 0 : bits == 0;
+  if (kind == Kind::FLOAT) return (bits & 0x7fffffff) == 0;
+  return kind == Kind::DOUBLE ? bits << 1 == 0 : bits == 0;
 }
 
 bool IsUtf8(const std::string& text) {

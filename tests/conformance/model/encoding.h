@@ -22,6 +22,9 @@ enum WireType : uint32_t {
 
 WireType TypeOf(Kind kind);
 
+// The size of a value of fixed size, 0 for other kinds.
+size_t FixedSize(Kind kind);
+
 std::string Varint(uint64_t value);
 std::string Tag(int number, WireType type);
 std::string Delimited(int number, const std::string& content);

@@ -62,7 +62,11 @@ Value ExtremeValue(Kind kind, std::mt19937* random) {
     case Kind::INT32:
     case Kind::SINT32:
     case Kind::ENUM:
+    case Kind::FIXED32:
+    case Kind::SFIXED32:
       return {bits & UINT32_MAX, ""};
+    case Kind::DOUBLE:
+      return {bits ^ uint64_t{(*random)()} << 63, ""};
     default:
       return {bits, ""};
   }
@@ -108,10 +112,14 @@ std::vector<Value> ValuesOf(Kind kind) {
   switch (kind) {
     case Kind::FLOAT:  // 1.5, -2, a NaN, the smallest.
       return {{0x3fc00000, ""}, {0xc0000000, ""}, {0x7fc01234, ""}, {1, ""}};
+    case Kind::DOUBLE:  // 1.5, a NaN, the smallest.
+      return {{0x3ff8000000000000, ""}, {0x7ff8000000001234, ""}, {1, ""}};
     case Kind::UINT32:
+    case Kind::FIXED32:
       return {{1, ""}, {300, ""}, {UINT32_MAX, ""}};
     case Kind::INT32:
     case Kind::SINT32:
+    case Kind::SFIXED32:
     case Kind::ENUM:  // Declared or not.
       return {{1, ""},
               {kMinusOne, ""},
@@ -122,6 +130,8 @@ std::vector<Value> ValuesOf(Kind kind) {
     case Kind::UINT64:
     case Kind::INT64:
     case Kind::SINT64:
+    case Kind::FIXED64:
+    case Kind::SFIXED64:
       return {{1, ""},
               {kMinusOne, ""},
               {uint64_t{1} << 63, ""},

@@ -171,20 +171,21 @@ class ModelParser {
     }
     if (!field.is_repeated) return ReadElement(field.kind, &value->scalar);
     if (wire_type != kDelimited) return ReadUnpacked(field, value);
-    return field.kind == Kind::FLOAT ? ReadPackedFloats(value)
+    return FixedSize(field.kind) > 0 ? ReadPackedFixed(field, value)
                                      : ReadPackedVarints(field, value);
   }
 
   bool ReadElement(Kind kind, uint64_t* bits) {
-    if (kind != Kind::FLOAT) {
+    const size_t size = FixedSize(kind);
+    if (size == 0) {
       uint64_t raw;
       if (!ReadVarint(&raw)) return false;
       *bits = FromVarint(kind, raw);
       return true;
     }
-    if (Left() < 4) return false;
+    if (Left() < size) return false;
     *bits = 0;
-    for (int i = 0; i < 4; ++i) *bits |= ReadByte() << (8 * i);
+    for (size_t i = 0; i < size; ++i) *bits |= ReadByte() << (8 * i);
     return true;
   }
 
@@ -233,19 +234,20 @@ class ModelParser {
 
   // If the limit allows for all elements, space is reserved at once, and they
   // are kept only if all are there. Otherwise they are read one by one.
-  bool ReadPackedFloats(Value* value) {
+  bool ReadPackedFixed(const Field& field, Value* value) {
+    const size_t size = FixedSize(field.kind);
     uint64_t length;
-    if (!ReadLength(&length) || length % 4 != 0) return false;
+    if (!ReadLength(&length) || length % size != 0) return false;
     const bool fits = length <= Left();
     if (limit_ != SIZE_MAX && length <= limit_ - position_) {
       if (!fits) return false;
-      value->Reserve(Kind::FLOAT, value->elements.size() + length / 4);
+      value->Reserve(field.kind, value->elements.size() + length / size);
     }
-    for (size_t count = std::min<size_t>(length, Left()) / 4; count > 0;
+    for (size_t count = std::min<size_t>(length, Left()) / size; count > 0;
          --count) {
       uint64_t bits = 0;
-      ReadElement(Kind::FLOAT, &bits);
-      value->Append(Kind::FLOAT, bits);
+      ReadElement(field.kind, &bits);
+      value->Append(field.kind, bits);
     }
     return fits;
   }
@@ -261,8 +263,7 @@ class ModelParser {
   // the field has capacity to spare, and takes what follows for an element.
   bool ReadUnpacked(const Field& field, Value* value) {
     const std::string packed_tag = Tag(field.number, kDelimited);
-    const size_t needed =
-        packed_tag.size() + (field.kind == Kind::FLOAT ? 4 : 0);
+    const size_t needed = packed_tag.size() + FixedSize(field.kind);
     while (true) {
       uint64_t bits = 0;
       if (!ReadElement(field.kind, &bits)) return false;
