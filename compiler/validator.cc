@@ -94,19 +94,8 @@ class FeatureValidator {
   }
 
   void ValidateType(const FieldDescriptor* field) {
-    switch (field->type()) {
-      case FieldDescriptor::TYPE_GROUP:
-        Add(field, std::string(field->type_name()) + " is not supported");
-        return;
-      case FieldDescriptor::TYPE_STRING:
-      case FieldDescriptor::TYPE_BYTES:
-        if (field->is_repeated()) {
-          Add(field, std::string("repeated ") + field->type_name() +
-                         " is not supported");
-        }
-        return;
-      default:
-        break;
+    if (field->type() == FieldDescriptor::TYPE_GROUP) {
+      Add(field, "group is not supported");
     }
     if (field->is_packable() && !field->is_packed()) {
       Add(field, "repeated scalars that are not packed are not supported");

@@ -8,6 +8,7 @@
 #include "compiler/fields/repeated_fixed.h"
 #include "compiler/fields/repeated_float.h"
 #include "compiler/fields/repeated_message.h"
+#include "compiler/fields/repeated_string.h"
 #include "compiler/fields/repeated_varint.h"
 #include "compiler/fields/string.h"
 #include "compiler/fields/varint.h"
@@ -74,10 +75,10 @@ std::unique_ptr<FieldGenerator> MakeFieldGenerator(
     case FieldDescriptor::TYPE_ENUM:
       return MakeVarint(field, kEnum);
     case FieldDescriptor::TYPE_STRING:
-      return std::make_unique<StringFieldGenerator>(
+      return Make<StringFieldGenerator, RepeatedStringFieldGenerator>(
           field, StringFieldGenerator::kString);
     case FieldDescriptor::TYPE_BYTES:
-      return std::make_unique<StringFieldGenerator>(
+      return Make<StringFieldGenerator, RepeatedStringFieldGenerator>(
           field, StringFieldGenerator::kBytes);
     case FieldDescriptor::TYPE_MESSAGE:
       return Make<MessageFieldGenerator, RepeatedMessageFieldGenerator>(field);

@@ -217,6 +217,15 @@ __attribute__((always_inline)) inline size_t StringSize(
   return kTagSize + WithLength(value.size());
 }
 
+template <size_t kTagSize>
+size_t RepeatedStringSize(
+    const google::protobuf::RepeatedPtrField<std::string>& field) {
+  size_t size = 0;
+  for (const std::string& element : field)
+    size += StringSize<kTagSize>(element);
+  return size;
+}
+
 // 0 for an absent message.
 template <size_t kTagSize, typename T>
 __attribute__((always_inline)) inline size_t MessageSize(const T* message) {

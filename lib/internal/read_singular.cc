@@ -46,6 +46,23 @@ const uint8_t* ReadString(const uint8_t* p, const uint8_t* end,
   return CheckUtf8(field->Get(), WireFormatLite::PARSE, path) ? p : nullptr;
 }
 
+const uint8_t* ReadBytes(const uint8_t* p, const uint8_t* end,
+                         std::string* element) {
+  ptrdiff_t length;
+  p = ReadLength(p, end, &length);
+  if (p == nullptr || length > end - p) return nullptr;
+  element->assign(reinterpret_cast<const char*>(p),
+                  static_cast<size_t>(length));
+  return p + length;
+}
+
+const uint8_t* ReadString(const uint8_t* p, const uint8_t* end,
+                          std::string* element, const char* path) {
+  p = ReadBytes(p, end, element);
+  if (p == nullptr) return nullptr;
+  return CheckUtf8(*element, WireFormatLite::PARSE, path) ? p : nullptr;
+}
+
 void ReadTruncatedMessage(const uint8_t* p, const uint8_t* end,
                           ptrdiff_t length, FlatParser parser,
                           google::protobuf::MessageLite* message,

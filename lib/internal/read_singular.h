@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <utility>
 
 #include "internal/message_access.h"
@@ -101,6 +102,12 @@ const uint8_t* ReadBytes(const uint8_t* p, const uint8_t* end,
 const uint8_t* ReadString(const uint8_t* p, const uint8_t* end,
                           google::protobuf::internal::ArenaStringPtr* field,
                           google::protobuf::Arena* arena, const char* path);
+
+// The same for an element of a repeated field.
+const uint8_t* ReadBytes(const uint8_t* p, const uint8_t* end,
+                         std::string* element);
+const uint8_t* ReadString(const uint8_t* p, const uint8_t* end,
+                          std::string* element, const char* path);
 
 // Whether `value` is UTF-8. If not, the runtime logs `path`.
 bool CheckUtf8(const std::string& value,

@@ -51,7 +51,7 @@ __attribute__((noinline, cold)) uint8_t* FlushAndSerialize(const T& message,
   return MessageAccess::Serialize(message, writer->Flush(p), writer);
 }
 
-// Writes a string or bytes field that isn't empty.
+// Writes a string or bytes field, or an element of one.
 template <uint32_t kTag>
 inline uint8_t* WriteBytes(uint8_t* p, const std::string& bytes,
                            Writer* writer) {

@@ -77,8 +77,8 @@ TEST(Fields, AreReadAndWrittenByTheirNumberAndKind) {
     }
   }
   // The library's, and those of tests/data/schema.
-  EXPECT_EQ(AllTypes().size(), 237u + 9u);
-  EXPECT_EQ(count, 1774u + 68u);
+  EXPECT_EQ(AllTypes().size(), 237u + 11u);
+  EXPECT_EQ(count, 1774u + 78u);
 }
 
 // Lengths of two and of three bytes.

@@ -34,7 +34,8 @@ std::string LookAheadBytes(const Type& type, bool is_root) {
       // Elements of the root are kept as Clear keeps them.
       if (is_root && field.is_repeated) continue;
       bytes += Delimited(number, LookAheadBytes(*field.type, false));
-    } else if (!is_root && field.is_repeated) {
+    } else if (!is_root && field.is_repeated &&
+               TypeOf(field.kind) != kDelimited) {
       bytes += LookAheadBytes(field);
     }
   }

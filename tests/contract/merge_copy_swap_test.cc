@@ -24,7 +24,8 @@ std::string LookAheadBytes(const Type& type, int depth) {
     if (field.kind == Kind::MESSAGE) {
       if (depth == 0) continue;
       bytes += Delimited(number, LookAheadBytes(*field.type, depth - 1));
-    } else if (field.is_repeated && field.kind != Kind::BOOL) {
+    } else if (field.is_repeated && field.kind != Kind::BOOL &&
+               TypeOf(field.kind) != kDelimited) {
       // No record repeats bools, and their least capacity is the runtime's.
       bytes += Tag(number, TypeOf(field.kind)) + Element(field.kind, 1) +
                Delimited(number, FromHex(FixedSize(field.kind) > 0

@@ -33,9 +33,15 @@ using google::protobuf::StringReplace;
 using google::protobuf::compiler::GeneratorContext;
 using google::protobuf::io::Printer;
 
-constexpr const char* kMacros[] = {
-    "MESSAGE",       "SCALAR_FIELD",           "REPEATED_FIELD", "STRING_FIELD",
-    "MESSAGE_FIELD", "REPEATED_MESSAGE_FIELD", "ENUM",           "ENUM_VALUE"};
+constexpr const char* kMacros[] = {"MESSAGE",
+                                   "SCALAR_FIELD",
+                                   "REPEATED_FIELD",
+                                   "STRING_FIELD",
+                                   "MESSAGE_FIELD",
+                                   "REPEATED_MESSAGE_FIELD",
+                                   "REPEATED_STRING_FIELD",
+                                   "ENUM",
+                                   "ENUM_VALUE"};
 
 std::string Namespace(const FileDescriptor* file) {
   return "::" + StringReplace(file->package(), ".", "::", true);
@@ -53,9 +59,10 @@ std::string Macro(const FieldDescriptor* field) {
   if (field->message_type() != nullptr) {
     return field->is_repeated() ? "REPEATED_MESSAGE_FIELD" : "MESSAGE_FIELD";
   }
-  if (field->is_repeated()) return "REPEATED_FIELD";
-  return field->cpp_type() == FieldDescriptor::CPPTYPE_STRING ? "STRING_FIELD"
-                                                              : "SCALAR_FIELD";
+  if (field->cpp_type() == FieldDescriptor::CPPTYPE_STRING) {
+    return field->is_repeated() ? "REPEATED_STRING_FIELD" : "STRING_FIELD";
+  }
+  return field->is_repeated() ? "REPEATED_FIELD" : "SCALAR_FIELD";
 }
 
 void Print(const Descriptor* message, Printer* printer) {

@@ -125,6 +125,10 @@ struct Argument {
   VANTIRO_FIELD(C, owner, number, name, kind, true,                \
                 m->add_##name(Argument{value}), m.name(index),     \
                 m.name##_size(), nullptr, nullptr, type)
+#define VANTIRO_REPEATED_STRING_FIELD(C, owner, number, name, kind, type)   \
+  VANTIRO_FIELD(C, owner, number, name, kind, true,                         \
+                m->add_##name(value.bytes), m.name(index), m.name##_size(), \
+                nullptr, nullptr, type)
 #define VANTIRO_MESSAGE_FIELD(C, owner, number, name, kind, type)             \
   VANTIRO_FIELD(                                                              \
       C, owner, number, name, kind, false,                                    \

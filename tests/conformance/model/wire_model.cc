@@ -38,6 +38,7 @@ void ModelMessage::Clear() {
     value.scalar = 0;
     value.elements.clear();
     value.string.clear();
+    value.strings.clear();
     value.child.reset();
     for (const auto& child : value.children) child->Clear();
     value.child_count = 0;
@@ -51,6 +52,8 @@ void ModelMessage::MergeFrom(const ModelMessage& from) {
     Value* const value = &values_[number];
     if (!IsZero(field.kind, theirs.scalar)) value->scalar = theirs.scalar;
     if (!theirs.string.empty()) value->string = theirs.string;
+    value->strings.insert(value->strings.end(), theirs.strings.begin(),
+                          theirs.strings.end());
     value->Reserve(field.kind, value->elements.size() + theirs.elements.size());
     value->elements.insert(value->elements.end(), theirs.elements.begin(),
                            theirs.elements.end());
@@ -79,6 +82,9 @@ std::string ModelMessage::Serialize() const {
     }
     for (size_t i = 0; i < value.child_count; ++i) {
       bytes += Delimited(number, value.children[i]->Serialize());
+    }
+    for (const std::string& string : value.strings) {
+      bytes += Delimited(number, string);
     }
     if (!value.string.empty()) bytes += Delimited(number, value.string);
     std::string packed;
@@ -165,7 +171,8 @@ class ModelParser {
         return ReadChild(field, value);
       case Kind::STRING:
       case Kind::BYTES:
-        return ReadString(field, &value->string);
+        if (!field.is_repeated) return ReadString(field, &value->string);
+        return ReadString(field, &value->strings.emplace_back());
       default:
         break;
     }

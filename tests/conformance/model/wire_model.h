@@ -48,6 +48,8 @@ class ModelMessage {
     std::vector<uint64_t> elements;
     size_t capacity = 0;
     std::string string;
+    // Those of a repeated field.
+    std::vector<std::string> strings;
     std::unique_ptr<ModelMessage> child;
     std::vector<std::unique_ptr<ModelMessage>> children;
     // The elements behind have been removed.
