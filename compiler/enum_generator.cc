@@ -25,7 +25,7 @@ ValueList ValuesSorted(const EnumDescriptor* enum_type,
   for (int i = 0; i < enum_type->value_count(); ++i) {
     values.push_back(enum_type->value(i));
   }
-  std::sort(values.begin(), values.end(), less);
+  std::stable_sort(values.begin(), values.end(), less);
   return values;
 }
 
@@ -35,6 +35,17 @@ bool NameIsLess(const EnumValueDescriptor* a, const EnumValueDescriptor* b) {
 
 bool NumberIsLess(const EnumValueDescriptor* a, const EnumValueDescriptor* b) {
   return a->number() < b->number();
+}
+
+// Each number once, by the name that comes first in the schema.
+ValueList NumbersSorted(const EnumDescriptor* enum_type) {
+  ValueList values = ValuesSorted(enum_type, NumberIsLess);
+  const auto is_alias = [](const auto* a, const auto* b) {
+    return a->number() == b->number();
+  };
+  values.erase(std::unique(values.begin(), values.end(), is_alias),
+               values.end());
+  return values;
 }
 
 // The elements of a table, each with the name of the value that it is for: on
@@ -64,7 +75,7 @@ std::string AddNames(const std::vector<std::string>& elements,
 EnumGenerator::EnumGenerator(const EnumDescriptor* enum_type)
     : enum_type_(enum_type),
       by_name_(ValuesSorted(enum_type, NameIsLess)),
-      by_number_(ValuesSorted(enum_type, NumberIsLess)),
+      by_number_(NumbersSorted(enum_type)),
       variables_({{"Enum", ClassName(enum_type)},
                   {"SafeEnum", SafeName(enum_type)},
                   {"name", enum_type->name()},
@@ -131,6 +142,20 @@ std::string EnumGenerator::EntriesByNumber() const {
   return AddNames(indices, by_number_);
 }
 
+std::string EnumGenerator::Tables() const {
+  const size_t alias_count = by_name_.size() - by_number_.size();
+  return Substitute(
+      Combine(variables_, {{"aliases", std::to_string(alias_count)}}),
+      alias_count == 0 ? R"(
+      static const $internal$::EnumTables tables = {entries, by_number, $count$, strings};
+  )"
+                       : R"(
+      static const $internal$::EnumTables tables = {
+          entries, by_number, $count$, strings, $aliases$,
+      };
+  )");
+}
+
 std::string EnumGenerator::Values() const {
   std::string result;
   for (int i = 0; i < enum_type_->value_count(); ++i) {
@@ -191,6 +216,7 @@ std::string EnumGenerator::Definition() const {
       Combine(variables_, {{"names", Names()},
                            {"entries", Entries()},
                            {"entries_by_number", EntriesByNumber()},
+                           {"tables", Tables()},
                            {"validity_test", ValidityTest()}}),
       R"(
       // $Enum$
@@ -204,7 +230,7 @@ std::string EnumGenerator::Definition() const {
             $entries_by_number$
         };
         static $internal$::EnumName strings[$count$];
-        static const $internal$::EnumTables tables = {entries, by_number, $count$, strings};
+        $tables$
         return tables;
       }
 

@@ -36,10 +36,12 @@ class EnumGenerator {
   std::string Names() const;
   std::string Entries() const;
   std::string EntriesByNumber() const;
+  std::string Tables() const;
   std::string ArraySize() const;
 
   const google::protobuf::EnumDescriptor* const enum_type_;
   const ValueList by_name_;
+  // Without aliases.
   const ValueList by_number_;
   const Variables variables_;
 };

@@ -11,7 +11,6 @@ namespace compiler {
 namespace {
 
 using google::protobuf::Descriptor;
-using google::protobuf::EnumDescriptor;
 using google::protobuf::FieldDescriptor;
 using google::protobuf::FileDescriptor;
 using google::protobuf::FileOptions;
@@ -36,21 +35,12 @@ class FeatureValidator {
     for (int i = 0; i < file->extension_count(); ++i) {
       Add(file->extension(i), "extensions are not supported");
     }
-    for (int i = 0; i < file->enum_type_count(); ++i) {
-      Validate(file->enum_type(i));
-    }
     for (int i = 0; i < file->message_type_count(); ++i) {
       Validate(file->message_type(i));
     }
   }
 
  private:
-  void Validate(const EnumDescriptor* enum_type) {
-    if (enum_type->options().allow_alias()) {
-      Add(enum_type, "allow_alias is not supported");
-    }
-  }
-
   void Validate(const Descriptor* message) {
     for (int i = 0; i < message->enum_type_count(); ++i) {
       Add(message->enum_type(i), "enums in messages are not supported");
@@ -96,9 +86,6 @@ class FeatureValidator {
   void ValidateType(const FieldDescriptor* field) {
     if (field->type() == FieldDescriptor::TYPE_GROUP) {
       Add(field, "group is not supported");
-    }
-    if (field->is_packable() && !field->is_packed()) {
-      Add(field, "repeated scalars that are not packed are not supported");
     }
   }
 

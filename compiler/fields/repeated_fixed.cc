@@ -8,11 +8,13 @@ std::string RepeatedFixedFieldGenerator::PayloadSize() const {
 }
 
 std::string RepeatedFixedFieldGenerator::WriteFunction() const {
-  return Internal("WritePackedFixed<") + tag_value() + ">";
+  return Internal(is_packed() ? "WritePackedFixed<" : "WriteUnpackedFixed<") +
+         tag_value() + ">";
 }
 
 std::string RepeatedFixedFieldGenerator::ReadFunction() const {
-  return Internal("ReadRepeatedFixed");
+  return Internal(is_packed() ? "ReadRepeatedFixed" : "ReadRepeatedFixed<") +
+         (is_packed() ? "" : Internal("LookAhead::kNone>"));
 }
 
 }  // namespace compiler

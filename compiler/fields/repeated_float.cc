@@ -8,11 +8,13 @@ std::string RepeatedFloatFieldGenerator::PayloadSize() const {
 }
 
 std::string RepeatedFloatFieldGenerator::WriteFunction() const {
-  return Internal("WritePackedFloats<") + tag_value() + ">";
+  return Internal(is_packed() ? "WritePackedFloats<" : "WriteUnpackedFixed<") +
+         tag_value() + ">";
 }
 
 std::string RepeatedFloatFieldGenerator::ReadFunction() const {
-  return Internal("ReadRepeatedFloat");
+  return Internal(is_packed() ? "ReadRepeatedFloat" : "ReadRepeatedFixed<") +
+         (is_packed() ? "" : Internal("LookAhead::kNone>"));
 }
 
 }  // namespace compiler

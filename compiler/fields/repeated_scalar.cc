@@ -9,6 +9,11 @@ namespace {
 using google::protobuf::FieldDescriptor;
 using google::protobuf::internal::WireFormatLite;
 
+uint32_t PackedTag(const FieldDescriptor* field) {
+  return WireFormatLite::MakeTag(field->number(),
+                                 WireFormatLite::WIRETYPE_LENGTH_DELIMITED);
+}
+
 uint32_t UnpackedTag(const FieldDescriptor* field) {
   const auto type = static_cast<WireFormatLite::FieldType>(field->type());
   return WireFormatLite::MakeTag(field->number(),
@@ -24,7 +29,9 @@ RepeatedScalarFieldGenerator::RepeatedScalarFieldGenerator(
   AddVariables(
       {{"type", type},
        {"Repeated", "::google::protobuf::RepeatedField<" + element + ">"},
-       {"unpacked_tag", RawTagText(UnpackedTag(field))}});
+       {"packed_tag", RawTagText(PackedTag(field))},
+       {"other_tag",
+        RawTagText(is_packed() ? UnpackedTag(field) : PackedTag(field))}});
 }
 
 std::string RepeatedScalarFieldGenerator::Member() const {
@@ -34,6 +41,7 @@ std::string RepeatedScalarFieldGenerator::Member() const {
 }
 
 std::string RepeatedScalarFieldGenerator::CachedSizeMember() const {
+  if (!is_packed()) return "";
   return Substitute(variables(), R"(
       mutable ::google::protobuf::internal::CachedSize _$name$_cached_byte_size_;
   )");
@@ -80,21 +88,29 @@ std::string RepeatedScalarFieldGenerator::Swap() const {
 }
 
 std::string RepeatedScalarFieldGenerator::ByteSize() const {
-  return Substitute(Combine(variables(), {{"payload_size", PayloadSize()}}), R"(
+  return Substitute(Combine(variables(), {{"payload_size", PayloadSize()}}),
+                    !is_packed() ? R"(
+      size += $tag_size$ * static_cast<::size_t>($name$_.size()) + $payload_size$;
+  )"
+                                 : R"(
       size += $internal$::PackedSize<$tag_size$>($payload_size$, &_$name$_cached_byte_size_);
   )");
 }
 
 std::string RepeatedScalarFieldGenerator::Serialize() const {
-  return Substitute(Combine(variables(), {{"Write", WriteFunction()}}), R"(
+  return Substitute(Combine(variables(), {{"Write", WriteFunction()}}),
+                    !is_packed() ? R"(
+      p = $Write$(p, $name$_, writer);
+  )"
+                                 : R"(
       p = $Write$(p, $name$_, _$name$_cached_byte_size_.Get(), writer);
   )");
 }
 
 std::string RepeatedScalarFieldGenerator::Parse() const {
   return Substitute(Combine(variables(), {{"Read", ReadFunction()}}), R"(
-      while ($internal$::IsNext(tag, $tag$) || tag == $unpacked_tag$) {  // $name$
-        p = $Read$(p + $tag_size$, end, tag, $tag$, *state, &self->$name$_);
+      while ($internal$::IsNext(tag, $tag$) || tag == $other_tag$) {  // $name$
+        p = $Read$(p + $tag_size$, end, tag, $packed_tag$, *state, &self->$name$_);
         if (!$PeekTag$After(p, end, &tag)) return nullptr;
       }
   )");

@@ -10,8 +10,9 @@
 namespace vantiro {
 namespace compiler {
 
-// A RepeatedField and the cached size of its packed payload. A kind adds how
-// its elements are sized, written and read.
+// A RepeatedField and, if it is packed, the cached size of its payload. A
+// parser takes both encodings, whichever the field is written in. A kind adds
+// how its elements are sized, written and read.
 class RepeatedScalarFieldGenerator : public FieldGenerator {
  public:
   // `type` is the C++ type of an element's accessors, `element` that of the
@@ -36,8 +37,9 @@ class RepeatedScalarFieldGenerator : public FieldGenerator {
  protected:
   // The expression that the accessor of an element returns.
   virtual std::string ElementToGet() const { return name() + "_.Get(index)"; }
-  // An expression for the payload's size.
+  // An expression for the size of all elements without tags.
   virtual std::string PayloadSize() const = 0;
+  bool is_packed() const { return descriptor()->is_packed(); }
   // The functions of lib/internal that write and read the field.
   virtual std::string WriteFunction() const = 0;
   virtual std::string ReadFunction() const = 0;

@@ -21,16 +21,19 @@ std::string RepeatedVarintFieldGenerator::PayloadSize() const {
 }
 
 std::string RepeatedVarintFieldGenerator::WriteFunction() const {
-  return Internal("WritePackedVarints<") + tag_value() + ", " +
-         Internal(kind_.name) + ">";
+  return Internal(is_packed() ? "WritePackedVarints<"
+                              : "WriteUnpackedVarints<") +
+         tag_value() + ", " + Internal(kind_.name) + ">";
 }
 
 std::string RepeatedVarintFieldGenerator::ReadFunction() const {
-  return Internal("ReadRepeatedVarint<") + Internal(kind_.name) + ">";
+  return Internal("ReadRepeatedVarint<") + Internal(kind_.name) +
+         (is_packed() ? ">" : ", " + Internal("LookAhead::kNone>"));
 }
 
 std::string RepeatedBoolFieldGenerator::WriteFunction() const {
-  return Internal("WritePackedBools<") + tag_value() + ">";
+  return Internal(is_packed() ? "WritePackedBools<" : "WriteUnpackedFixed<") +
+         tag_value() + ">";
 }
 
 std::string RepeatedBoolFieldGenerator::PayloadSize() const {

@@ -40,7 +40,8 @@ const std::string& FindEnumName(const EnumTables& tables, int value) {
 
 bool FindEnumValue(const EnumTables& tables, const std::string& name,
                    int* value) {
-  const EnumEntry* const end = tables.entries + tables.count;
+  const EnumEntry* const end =
+      tables.entries + tables.count + tables.alias_count;
   const EnumEntry* const found =
       std::lower_bound(tables.entries, end, name,
                        [](const EnumEntry& entry, const std::string& wanted) {

@@ -29,6 +29,8 @@ struct EnumTables {
   int count;
   // In the same order as entries_by_number.
   EnumName* names;
+  // How many more entries there are: further names for the same values.
+  int alias_count = 0;
 };
 
 // Constructs the names. To be called once. The runtime's shutdown destroys

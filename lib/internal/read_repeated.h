@@ -20,6 +20,13 @@
 namespace vantiro {
 namespace internal {
 
+// What a parser does after an unpacked element (ReadUnpackedVarint).
+enum class LookAhead {
+  kPackedTag,
+  // Nothing: for fields that are declared with [packed = false].
+  kNone,
+};
+
 // Reads a packed run of varints. If it is longer than the input, what is there
 // is read and the parse then fails. Elements read before a failure stay. The
 // elements are counted first, so that space is reserved once, and never for
@@ -148,21 +155,33 @@ const uint8_t* ReadUnpackedFloat(const uint8_t* p, const uint8_t* end,
 
 // Read a repeated field at its packed or its unpacked tag.
 
-template <typename Kind>
+template <typename Kind, LookAhead kLookAhead = LookAhead::kPackedTag>
 const uint8_t* ReadRepeatedVarint(
     const uint8_t* p, const uint8_t* end, RawTag tag, RawTag packed_tag,
     const ParseState& state,
     google::protobuf::RepeatedField<typename Kind::Type>* field) {
+  if (kLookAhead == LookAhead::kNone && tag != packed_tag) {
+    const Varint varint = ReadVarint(p, end);
+    if (varint.next == nullptr) return nullptr;
+    AddElement(Kind::FromVarint(varint.value), field);
+    return varint.next;
+  }
   return tag == packed_tag
              ? ReadPackedVarints<Kind>(p, end, state, field)
              : ReadUnpackedVarint<Kind>(p, end, packed_tag, state, field);
 }
 
-template <typename T>
+template <LookAhead kLookAhead = LookAhead::kPackedTag, typename T>
 const uint8_t* ReadRepeatedFixed(const uint8_t* p, const uint8_t* end,
                                  RawTag tag, RawTag packed_tag,
                                  const ParseState& state,
                                  google::protobuf::RepeatedField<T>* field) {
+  if (kLookAhead == LookAhead::kNone && tag != packed_tag) {
+    T element;
+    p = ReadFixed(p, end, &element);
+    if (p != nullptr) AddElement(element, field);
+    return p;
+  }
   return tag == packed_tag
              ? ReadPackedFixed(p, end, state, field)
              : ReadUnpackedFixed(p, end, packed_tag, state, field);

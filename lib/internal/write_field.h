@@ -12,6 +12,7 @@
 #include <string>
 
 #include "internal/message_access.h"
+#include "internal/tag.h"
 #include "internal/varint.h"
 #include "internal/write_varint.h"
 #include "internal/writer.h"
@@ -110,6 +111,33 @@ inline uint8_t* WritePackedVarints(
          element != next; ++element) {
       p = WriteVarint(p, Kind::ToVarint(*element));
     }
+  }
+  return p;
+}
+
+// Write each element with a tag of its own. A bool is a byte.
+
+template <uint32_t kTag, typename Kind>
+uint8_t* WriteUnpackedVarints(
+    uint8_t* p,
+    const google::protobuf::RepeatedField<typename Kind::Type>& field,
+    Writer* writer) {
+  for (const typename Kind::Type element : field) {
+    p = writer->EnsureSpace<kMaxTagSize + Kind::kMaxSize>(p);
+    p = WriteVarint(WriteTag<kTag>(p), Kind::ToVarint(element));
+  }
+  return p;
+}
+
+template <uint32_t kTag, typename T>
+uint8_t* WriteUnpackedFixed(uint8_t* p,
+                            const google::protobuf::RepeatedField<T>& field,
+                            Writer* writer) {
+  for (const T element : field) {
+    p = writer->EnsureSpace<kMaxTagSize + sizeof(T)>(p);
+    p = WriteTag<kTag>(p);
+    Store(p, element);
+    p += sizeof(T);
   }
   return p;
 }

@@ -47,13 +47,13 @@ std::map<std::string, Enum> AllEnums() {
                       scope::name##_ARRAYSIZE,               \
                       {}};
 #define VANTIRO_ENUM_VALUE(type, full_name, name, number) \
-  enums[full_name].values[number] = name;
+  enums[full_name].values.emplace(number, name);
 #include "type_table.inc"
   return enums;
 }
 
 TEST(Enums, KnowTheDeclaredValuesAndNoOthers) {
-  EXPECT_EQ(AllEnums().size(), 73u + 1);
+  EXPECT_EQ(AllEnums().size(), 73u + 2);
   for (const auto& [full_name, an_enum] : AllEnums()) {
     SCOPED_TRACE(full_name);
     EXPECT_EQ(an_enum.min, an_enum.values.begin()->first);
@@ -71,6 +71,21 @@ TEST(Enums, KnowTheDeclaredValuesAndNoOthers) {
       EXPECT_EQ(&name == &GetEmptyString(), !is_declared) << number;
       EXPECT_EQ(name, is_declared ? declared->second : "") << number;
     }
+  }
+}
+
+TEST(Enums, HaveTheNameDeclaredFirstAndParseAll) {
+  EXPECT_EQ(Alias_Name(ALIAS_STEADY), "ALIAS_SLOW");
+  EXPECT_EQ(Alias_Name(ALIAS_ALSO_NONE), "ALIAS_NONE");
+  const std::map<std::string, int> values = {{"ALIAS_NONE", 0},
+                                             {"ALIAS_ALSO_NONE", 0},
+                                             {"ALIAS_SLOW", 1},
+                                             {"ALIAS_STEADY", 1},
+                                             {"ALIAS_FAST", 3}};
+  for (const auto& [name, number] : values) {
+    Alias value = ALIAS_NONE;
+    EXPECT_TRUE(Alias_Parse(name, &value)) << name;
+    EXPECT_EQ(value, number) << name;
   }
 }
 

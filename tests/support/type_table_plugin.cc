@@ -4,6 +4,7 @@
 //
 //   VANTIRO_MESSAGE(class, "full name")
 //   VANTIRO_<sort of field>(class, "full name", number, name, KIND, "type")
+//   VANTIRO_UNPACKED_FIELD("full name", number), behind that of the field
 //   VANTIRO_ENUM(enum, "full name", namespace, name)
 //   VANTIRO_ENUM_VALUE(enum, "full name", "value name", number)
 //
@@ -40,6 +41,7 @@ constexpr const char* kMacros[] = {"MESSAGE",
                                    "MESSAGE_FIELD",
                                    "REPEATED_MESSAGE_FIELD",
                                    "REPEATED_STRING_FIELD",
+                                   "UNPACKED_FIELD",
                                    "ENUM",
                                    "ENUM_VALUE"};
 
@@ -85,6 +87,10 @@ void Print(const Descriptor* message, Printer* printer) {
     printer->Print(variables,
                    "VANTIRO_$macro$($class$, \"$full_name$\", $number$, "
                    "$name$, $kind$, \"$type$\")\n");
+    if (field->is_packable() && !field->is_packed()) {
+      printer->Print(variables,
+                     "VANTIRO_UNPACKED_FIELD(\"$full_name$\", $number$)\n");
+    }
   }
   for (int i = 0; i < message->nested_type_count(); ++i) {
     Print(message->nested_type(i), printer);

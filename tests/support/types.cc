@@ -96,6 +96,7 @@ struct Argument {
    number,                                                                 \
    Kind::kind,                                                             \
    is_repeated,                                                            \
+   true,                                                                   \
    [](MessageLite* message, const Value& value) {                          \
      auto* const m = static_cast<C*>(message);                             \
      set;                                                                  \
@@ -161,6 +162,9 @@ std::vector<Type>* MakeTypes() {
     if (field.kind == Kind::MESSAGE) field.type = by_name.at(field.type_name);
     by_name.at(field.owner_name)->fields.emplace(field.number, field);
   }
+#define VANTIRO_UNPACKED_FIELD(owner, number) \
+  by_name.at(owner)->fields.at(number).is_packed = false;
+#include "type_table.inc"
   return types;
 }
 

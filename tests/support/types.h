@@ -63,6 +63,8 @@ struct Field {
   int number;
   Kind kind;
   bool is_repeated;
+  // False only for a repeated scalar that is declared so.
+  bool is_packed;
   // Sets the field, or adds an element. A message gets the bytes merged.
   void (*set)(MessageLite* message, const Value& value);
   Value (*get)(const MessageLite& message, int index);

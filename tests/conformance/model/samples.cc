@@ -149,7 +149,8 @@ std::vector<Value> ValuesOf(Kind kind) {
 
 std::string Encode(const Field& field, const std::vector<Value>& values) {
   const WireType wire_type = TypeOf(field.kind);
-  const bool is_packed = field.is_repeated && wire_type != kDelimited;
+  const bool is_packed =
+      field.is_repeated && field.is_packed && wire_type != kDelimited;
   std::string bytes;
   for (const Value& value : values) {
     if (wire_type == kDelimited) {

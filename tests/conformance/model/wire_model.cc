@@ -76,7 +76,8 @@ std::unique_ptr<ModelMessage>& ModelMessage::Child(int number) {
 std::string ModelMessage::Serialize() const {
   std::string bytes;
   for (const auto& [number, value] : values_) {
-    const Kind kind = type_->fields.at(number).kind;
+    const Field& field = type_->fields.at(number);
+    const Kind kind = field.kind;
     if (value.child != nullptr) {
       bytes += Delimited(number, value.child->Serialize());
     }
@@ -88,7 +89,10 @@ std::string ModelMessage::Serialize() const {
     }
     if (!value.string.empty()) bytes += Delimited(number, value.string);
     std::string packed;
-    for (const uint64_t bits : value.elements) packed += Element(kind, bits);
+    for (const uint64_t bits : value.elements) {
+      if (!field.is_packed) bytes += Tag(number, TypeOf(kind));
+      (field.is_packed ? packed : bytes) += Element(kind, bits);
+    }
     if (!packed.empty()) bytes += Delimited(number, packed);
     if (!IsZero(kind, value.scalar)) {
       bytes += Tag(number, TypeOf(kind)) + Element(kind, value.scalar);
@@ -275,7 +279,7 @@ class ModelParser {
       uint64_t bits = 0;
       if (!ReadElement(field.kind, &bits)) return false;
       value->Append(field.kind, bits);
-      if (field.kind == Kind::ENUM ||
+      if (field.kind == Kind::ENUM || !field.is_packed ||
           value->elements.size() == value->capacity ||
           EndOfChunk() - position_ < needed ||
           bytes_.compare(position_, packed_tag.size(), packed_tag) != 0) {
