@@ -221,8 +221,9 @@ template <size_t kTagSize>
 size_t RepeatedStringSize(
     const google::protobuf::RepeatedPtrField<std::string>& field) {
   size_t size = 0;
-  for (const std::string& element : field)
+  for (const std::string& element : field) {
     size += StringSize<kTagSize>(element);
+  }
   return size;
 }
 
