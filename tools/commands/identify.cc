@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "tools/commands/commands.h"
+#include "tools/formats/json.h"
 #include "tools/io/batch.h"
 #include "tools/io/table.h"
 #include "tools/wire/escape.h"
@@ -14,6 +15,7 @@ namespace tools {
 namespace {
 
 struct Options {
+  bool json = false;
   bool all = false;
   size_t most = 5;
 };
@@ -49,6 +51,11 @@ class Identifier : public RecordHandler {
     const Schema& schema = Schema::BuiltIn();
     const std::vector<Candidate> candidates =
         Identify(options_.all ? schema.messages() : schema.roots(), bytes);
+    if (!IsConvincing(candidates.front())) report->status = kFound;
+    if (options_.json) {
+      report->output = JsonText(ToJson(name, candidates), -1) + '\n';
+      return;
+    }
     std::vector<Row> rows = {{"score", "known", "type", "reason"}};
     for (const Candidate& candidate : candidates) {
       if (rows.size() > options_.most) break;
@@ -63,10 +70,36 @@ class Identifier : public RecordHandler {
     WriteTable(rows, style_, &out);
     if (!is_quiet_) WriteDoubts(candidates, &out);
     report->output = out.str();
-    if (!IsConvincing(candidates.front())) report->status = kFound;
+  }
+
+  std::string Extension() const override {
+    return options_.json ? ".jsonl" : ".txt";
+  }
+
+  bool HandleError(const std::string& name, const std::string& error,
+                   Report* report) const override {
+    if (options_.json && has_several_) {
+      report->output = JsonText({{"file", name}, {"error", error}}, -1) + '\n';
+    }
+    return false;
   }
 
  private:
+  Json ToJson(const std::string& name,
+              const std::vector<Candidate>& candidates) const {
+    Json array = Json::array();
+    for (const Candidate& candidate : candidates) {
+      if (array.size() == options_.most) break;
+      array.push_back({{"type", candidate.type->full_name()},
+                       {"score", static_cast<int64_t>(candidate.score.bits)},
+                       {"known_percent", candidate.known_percent},
+                       {"reason", candidate.reason}});
+    }
+    return {{"file", name},
+            {"is_likely", IsConvincing(candidates.front())},
+            {"candidates", array}};
+  }
+
   const Options& options_;
   const bool has_several_;
   const bool is_quiet_;
@@ -91,6 +124,8 @@ void AddIdentify(CLI::App* program, CommandIo* io) {
                     "Consider all types, not only the sixteen roots");
   command->add_option("-n,--most", options->most, "How many types to show (5)")
       ->type_name("COUNT");
+  command->add_flag("--json", options->json,
+                    "Write a line of JSON for each record");
   batch->AddStreamOptions(command);
   io->AddInputOptions(command);
   command->footer(

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "tools/commands/commands.h"
+#include "tools/formats/json.h"
 #include "tools/io/table.h"
 
 namespace vantiro {
@@ -47,6 +48,39 @@ std::vector<Row> EnumRows(const Schema& schema) {
   return rows;
 }
 
+Json ToJson(const Messages& messages) {
+  Json array = Json::array();
+  for (const Descriptor* const message : messages) {
+    array.push_back({{"name", message->full_name()},
+                     {"fields", message->field_count()},
+                     {"unit", message->file()->name()}});
+  }
+  return array;
+}
+
+// An object with a member for each table.
+void ListAsJson(const std::string& what) {
+  const Schema& schema = Schema::BuiltIn();
+  const bool all = what == "all";
+  Json json = Json::object();
+  if (all || what == "roots") json["roots"] = ToJson(schema.roots());
+  for (const FileDescriptor* const unit : schema.units()) {
+    if (!all && what != "units") break;
+    json["units"].push_back({{"name", unit->name()},
+                             {"package", unit->package()},
+                             {"messages", MessagesOf(unit).size()},
+                             {"enums", EnumsOf(unit).size()}});
+  }
+  if (all || what == "messages") json["messages"] = ToJson(schema.messages());
+  for (const EnumDescriptor* const enumeration : schema.enums()) {
+    if (!all && what != "enums") break;
+    json["enums"].push_back({{"name", enumeration->full_name()},
+                             {"values", enumeration->value_count()},
+                             {"unit", enumeration->file()->name()}});
+  }
+  std::cout << JsonText(json, 2) << '\n';
+}
+
 void List(const std::string& what, const CommandIo& io) {
   const Schema& schema = Schema::BuiltIn();
   std::vector<std::vector<Row>> tables;
@@ -74,9 +108,17 @@ void AddList(CLI::App* program, CommandIo* io) {
   command->add_option("what", *what, "roots, units, messages, enums or all")
       ->check(CLI::IsMember({"all", "roots", "units", "messages", "enums"}))
       ->type_name("WHAT");
+  const auto json = std::make_shared<bool>(false);
+  command->add_flag("--json", *json, "Write JSON");
   io->AddOutputOptions(command);
   command->footer("Example:\n  vantiro-records list roots");
-  command->callback([=] { List(*what, *io); });
+  command->callback([=] {
+    if (*json) {
+      ListAsJson(*what);
+    } else {
+      List(*what, *io);
+    }
+  });
 }
 
 }  // namespace tools

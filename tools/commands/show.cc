@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tools/commands/commands.h"
+#include "tools/formats/json.h"
 #include "tools/io/table.h"
 #include "tools/wire/scalar.h"
 #include "tools/wire/wire_tag.h"
@@ -56,6 +57,55 @@ void ShowEnum(const EnumDescriptor& enumeration, const Style& style) {
   WriteTable(rows, style, &std::cout);
 }
 
+template <typename T>
+Json HeadJson(const T& type, const char* kind) {
+  return {{"name", type.full_name()},
+          {"kind", kind},
+          {"unit", type.file()->name()},
+          {"comment", Schema::Comment(type)}};
+}
+
+Json ToJson(const Descriptor& message) {
+  Json json = HeadJson(message, "message");
+  json["carriers"] = Json::array();
+  for (const FieldDescriptor* const carrier :
+       Schema::BuiltIn().CarriersOf(message)) {
+    json["carriers"].push_back(
+        {{"message", carrier->containing_type()->full_name()},
+         {"field", carrier->number()}});
+  }
+  json["fields"] = Json::array();
+  for (int i = 0; i < message.field_count(); ++i) {
+    const FieldDescriptor& field = *message.field(i);
+    json["fields"].push_back({{"number", field.number()},
+                              {"tag", WireTag(field)},
+                              {"name", field.name()},
+                              {"json_name", field.json_name()},
+                              {"type", TypeText(field)},
+                              {"comment", Schema::Comment(field)}});
+  }
+  return json;
+}
+
+Json ToJson(const EnumDescriptor& enumeration) {
+  Json json = HeadJson(enumeration, "enum");
+  json["values"] = Json::array();
+  for (int i = 0; i < enumeration.value_count(); ++i) {
+    const EnumValueDescriptor& value = *enumeration.value(i);
+    json["values"].push_back({{"number", value.number()},
+                              {"name", value.name()},
+                              {"comment", Schema::Comment(value)}});
+  }
+  return json;
+}
+
+void ShowAsJson(const std::string& name) {
+  const NamedType type = Schema::BuiltIn().Find(name);
+  const Json json = type.message != nullptr ? ToJson(*type.message)
+                                            : ToJson(*type.enumeration);
+  std::cout << JsonText(json, 2) << '\n';
+}
+
 void Show(const std::string& name, const CommandIo& io) {
   const NamedType type = Schema::BuiltIn().Find(name);
   if (type.message != nullptr) {
@@ -76,9 +126,17 @@ void AddShow(CLI::App* program, CommandIo* io) {
                    "Its name, or the end of it if that is unique")
       ->required()
       ->type_name("TYPE");
+  const auto json = std::make_shared<bool>(false);
+  command->add_flag("--json", *json, "Write JSON");
   io->AddOutputOptions(command);
   command->footer("Example:\n  vantiro-records show ZAfSmartRoi");
-  command->callback([=] { Show(*name, *io); });
+  command->callback([=] {
+    if (*json) {
+      ShowAsJson(*name);
+    } else {
+      Show(*name, *io);
+    }
+  });
 }
 
 }  // namespace tools
