@@ -16,6 +16,7 @@ struct Options {
   std::string file;
   std::string type;
   std::string page;
+  bool json = false;
 };
 
 void WritePage(const Options& options, const RecordTree& tree) {
@@ -35,7 +36,9 @@ void Annotate(const Options& options, CommandIo* io) {
   const Descriptor& type = io->TypeOf(options.type, bytes);
   io->ReportType(options.file, options.type, type);
   const RecordTree tree = ReadRecord(type, bytes);
-  if (options.page.empty()) {
+  if (options.json) {
+    WriteAnnotationJson(tree, &std::cout);
+  } else if (options.page.empty()) {
     WritePaged(
         [&](std::ostream* out) { WriteAnnotation(tree, io->style(), out); });
   } else {
@@ -53,11 +56,14 @@ void AddAnnotate(CLI::App* program, CommandIo* io) {
   CommandIo::AddFile(command, "The record", &options->file);
   CommandIo::AddType(command, "Its type; by default the most likely root",
                      &options->type);
+  CLI::Option* const json = command->add_flag(
+      "--json", options->json, "Write a line of JSON for each field");
   command
       ->add_option("--html", options->page,
                    "Write an HTML page to this file instead; - is standard "
                    "output")
-      ->type_name("OUT");
+      ->type_name("OUT")
+      ->excludes(json);
   io->AddInputOptions(command);
   command->footer(
       "Tag, length and value are two spaces apart. What differs from the\n"

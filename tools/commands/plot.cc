@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tools/commands/commands.h"
+#include "tools/formats/json.h"
 #include "tools/io/batch.h"
 #include "tools/plot/histogram.h"
 #include "tools/plot/plot_page.h"
@@ -33,6 +34,7 @@ struct Options {
   bool ascii = false;
   std::string svg;
   std::string page;
+  bool json = false;
 };
 
 // Of the terminal; 80 if the output goes elsewhere.
@@ -108,6 +110,7 @@ class Plotter : public RecordHandler {
 
   std::string Footer() const override {
     if (!options_.svg.empty() || !options_.page.empty()) return "";
+    if (options_.json) return JsonText(ToJson(), 2) + '\n';
     const Style style = io_.style();
     std::string text = style.Heading(options_.path) + ": " + Summary() + '\n';
     if (series_.count() == 0) return text;
@@ -173,6 +176,44 @@ class Plotter : public RecordHandler {
     return text;
   }
 
+  Json ToJson() const {
+    Json json = {{"path", options_.path},
+                 {"records", record_count_.load()},
+                 {"values", series_.count()},
+                 {"not_drawn", undrawn_count_}};
+    if (series_.count() > 0) {
+      json["minimum"] = series_.Minimum();
+      json["median"] = numbers_.Median().ToDouble();
+      json["maximum"] = series_.Maximum();
+      json["median_is"] = numbers_.IsExact() ? "exact" : "estimate";
+    }
+    json[options_.histogram ? "bins" : "points"] =
+        options_.histogram ? BinsJson() : PointsJson();
+    return json;
+  }
+
+  Json PointsJson() const {
+    Json points = Json::array();
+    for (const Series::Point& point : series_.points()) {
+      points.push_back({{"values", point.count},
+                        {"minimum", point.minimum},
+                        {"mean", point.Mean()},
+                        {"maximum", point.maximum}});
+    }
+    return points;
+  }
+
+  Json BinsJson() const {
+    Json bins = Json::array();
+    for (const Bin& bin : Bins()) {
+      bins.push_back({{"label", bin.label},
+                      {"begin", bin.begin},
+                      {"end", bin.end},
+                      {"values", bin.count}});
+    }
+    return bins;
+  }
+
   // The values of an enum or a bool have their names.
   std::vector<Bin> Bins() const {
     std::vector<Bin> bins = MakeBins(numbers_, !IsFloat(*field_));
@@ -228,18 +269,25 @@ void AddPlot(CLI::App* program, CommandIo* io) {
                     "Draw how often values occur instead");
   CLI::Option* const ascii = command->add_flag(
       "--ascii", options->ascii, "Draw with characters of ASCII only");
+  CLI::Option* const json =
+      command
+          ->add_flag("--json", options->json,
+                     "Write the values of the plot as JSON instead")
+          ->excludes(ascii);
   command
       ->add_option("--svg", options->svg,
                    "Write an SVG image to this file instead; - is standard "
                    "output")
       ->type_name("OUT")
-      ->excludes(ascii);
+      ->excludes(ascii)
+      ->excludes(json);
   command
       ->add_option("--html", options->page,
                    "Write an HTML page to this file instead; - is standard "
                    "output")
       ->type_name("OUT")
-      ->excludes(ascii);
+      ->excludes(ascii)
+      ->excludes(json);
   batch->AddStreamOptions(command);
   io->AddInputOptions(command);
   command->footer(

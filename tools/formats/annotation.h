@@ -18,6 +18,11 @@ namespace tools {
 void WriteAnnotation(const RecordTree& tree, const Style& style,
                      std::ostream* out);
 
+// Writes a line of JSON for each occurrence of a field, in the order of the
+// bytes, and for a damaged record a last one with the fault and the bytes that
+// could not be read.
+void WriteAnnotationJson(const RecordTree& tree, std::ostream* out);
+
 }  // namespace tools
 }  // namespace vantiro
 
