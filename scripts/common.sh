@@ -8,9 +8,9 @@ LIBRARY_PACKAGES=(g++ cmake ninja-build
 BUILD_PACKAGES=("${LIBRARY_PACKAGES[@]}" pkg-config binutils libgtest-dev
   libcli11-dev nlohmann-json3-dev)
 # Another compiler for the clients in the tests, what emitted code has to be
-# formatted like: the tests ask for Debian 12's version 14, and what the pages
-# show beside the project's own programs.
-TEST_PACKAGES=(clang clang-format jq)
+# formatted like: the tests ask for Debian 12's version 14, what the pages show
+# beside the project's own programs, and a validator of JSON.
+TEST_PACKAGES=(clang clang-format jq python3-jsonschema)
 ARM64_PACKAGES=(g++-aarch64-linux-gnu qemu-user
   libprotobuf-dev:arm64 libgtest-dev:arm64)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
