@@ -124,6 +124,7 @@ class Reader {
 
  private:
   void ReadStatement(Token begin, Token end) {
+    if (*begin == "[") begin = BehindClosing(begin, end);
     if (*begin == "template") begin = BehindClosing(begin + 1, end);
     while (IsOneOf(*begin,
                    {"constexpr", "explicit", "extern", "inline", "static"})) {

@@ -1,5 +1,7 @@
 #include "compiler/enum_generator.h"
 
+#include <google/protobuf/descriptor.pb.h>
+
 #include <algorithm>
 #include <climits>
 #include <vector>
@@ -8,6 +10,7 @@
 #include "compiler/names.h"
 #include "compiler/statement_breaker.h"
 #include "compiler/template.h"
+#include "compiler/type_name.h"
 
 namespace vantiro {
 namespace compiler {
@@ -48,6 +51,14 @@ ValueList NumbersSorted(const EnumDescriptor* enum_type) {
   return values;
 }
 
+// An expression for a value. To use a deprecated name would be a warning.
+std::string Constant(const EnumValueDescriptor* value) {
+  return value->options().deprecated()
+             ? "static_cast<" + QualifiedName(value->type()) + ">(" +
+                   std::to_string(value->number()) + ")"
+             : ValueName(value);
+}
+
 // The elements of a table, each with the name of the value that it is for: on
 // the same line, or above where these lines would be too long.
 std::string AddNames(const std::vector<std::string>& elements,
@@ -79,10 +90,11 @@ EnumGenerator::EnumGenerator(const EnumDescriptor* enum_type)
       variables_({{"Enum", ClassName(enum_type)},
                   {"SafeEnum", SafeName(enum_type)},
                   {"name", enum_type->name()},
+                  {"prefix", ValuePrefix(enum_type)},
                   {"QualifiedEnum", QualifiedName(enum_type)},
                   {"internal", InternalNamespace(enum_type->file())},
-                  {"min", ValueName(by_number_.front())},
-                  {"max", ValueName(by_number_.back())},
+                  {"min", Constant(by_number_.front())},
+                  {"max", Constant(by_number_.back())},
                   {"count", std::to_string(by_number_.size())}}) {}
 
 bool EnumGenerator::IsDenseFromZero() const {
@@ -160,35 +172,37 @@ std::string EnumGenerator::Values() const {
   std::string result;
   for (int i = 0; i < enum_type_->value_count(); ++i) {
     const EnumValueDescriptor* value = enum_type_->value(i);
-    result += DocComment(value) + ValueName(value) + " = " +
+    result += DocComment(value) + ValueName(value) +
+              (value->options().deprecated() ? " [[deprecated]] = " : " = ") +
               std::to_string(value->number()) + ",\n";
   }
   return result;
 }
 
 // A maximum of 2^31 - 1 leaves no number for the size.
-std::string EnumGenerator::ArraySize() const {
-  if (by_number_.back()->number() == INT_MAX) return "";
-  return Substitute(variables_, R"(
-      constexpr int $name$_ARRAYSIZE = $name$_MAX + 1;
-  )");
+bool EnumGenerator::HasArraySize() const {
+  return by_number_.back()->number() != INT_MAX;
 }
 
 std::string EnumGenerator::Declaration() const {
+  const std::string array_size =
+      !HasArraySize() ? "" : Substitute(variables_, R"(
+      constexpr int $prefix$$name$_ARRAYSIZE = $prefix$$name$_MAX + 1;
+  )");
   return Substitute(Combine(variables_, {{"comment", DocComment(enum_type_)},
                                          {"values", Values()},
-                                         {"array_size", ArraySize()}}),
+                                         {"array_size", array_size}}),
                     R"(
       $comment$
       enum $Enum$ : int {
         $values$
-        $Enum$_INT_MIN_SENTINEL_DO_NOT_USE_ = ::std::numeric_limits<::int32_t>::min(),
-        $Enum$_INT_MAX_SENTINEL_DO_NOT_USE_ = ::std::numeric_limits<::int32_t>::max(),
+        $prefix$$Enum$_INT_MIN_SENTINEL_DO_NOT_USE_ = ::std::numeric_limits<::int32_t>::min(),
+        $prefix$$Enum$_INT_MAX_SENTINEL_DO_NOT_USE_ = ::std::numeric_limits<::int32_t>::max(),
       };
       // Whether `value` is declared.
       bool $Enum$_IsValid(int value);
-      constexpr $Enum$ $name$_MIN = $min$;
-      constexpr $Enum$ $name$_MAX = $max$;
+      constexpr $Enum$ $prefix$$name$_MIN = $min$;
+      constexpr $Enum$ $prefix$$name$_MAX = $max$;
       $array_size$
 
       // The name of `value`, empty if it is not declared. Valid until the runtime's
@@ -201,6 +215,47 @@ std::string EnumGenerator::Declaration() const {
       // Stores the value of that name and returns true, or returns false.
       bool $Enum$_Parse(const ::std::string& name, $SafeEnum$* value);
 
+  )");
+}
+
+std::string EnumGenerator::MembersOfClass() const {
+  const std::string type = TypeName(enum_type_);
+  const Variables variables =
+      Combine(variables_, {{"Type", type},
+                           {"Nested", NestedName(enum_type_)},
+                           {"SafeNested", SafeNestedName(enum_type_)}});
+  std::string values;
+  for (int i = 0; i < enum_type_->value_count(); ++i) {
+    const EnumValueDescriptor* value = enum_type_->value(i);
+    const bool is_deprecated = value->options().deprecated();
+    values += Substitute(
+        Combine(variables,
+                {{"deprecated", is_deprecated ? "[[deprecated]] " : ""},
+                 {"Value", NestedName(value)},
+                 {"constant", is_deprecated ? Constant(value)
+                                            : type + "_" + NestedName(value)}}),
+        R"(
+      $deprecated$static constexpr $Nested$ $Value$ = $constant$;
+  )");
+  }
+  const std::string array_size =
+      !HasArraySize() ? "" : Substitute(variables, R"(
+      static constexpr int $name$_ARRAYSIZE = $Type$_$name$_ARRAYSIZE;
+  )");
+  return Substitute(
+      Combine(variables, {{"values", values}, {"array_size", array_size}}), R"(
+
+      using $Nested$ = $Type$;
+      $values$
+      static bool $name$_IsValid(int value) { return $Type$_IsValid(value); }
+      static constexpr $Nested$ $name$_MIN = $Type$_$name$_MIN;
+      static constexpr $Nested$ $name$_MAX = $Type$_$name$_MAX;
+      $array_size$
+      template <typename T>
+      static const ::std::string& $name$_Name(T value) {
+        return $Type$_Name(value);
+      }
+      static bool $name$_Parse(const ::std::string& name, $SafeNested$* value) { return $Type$_Parse(name, value); }
   )");
 }
 

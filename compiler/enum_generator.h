@@ -22,6 +22,9 @@ class EnumGenerator {
   std::string Declaration() const;
   std::string Trait() const;
 
+  // The names of a nested enum in the class of the message around it.
+  std::string MembersOfClass() const;
+
   // The source: the tables and functions.
   std::string Definition() const;
 
@@ -37,7 +40,8 @@ class EnumGenerator {
   std::string Entries() const;
   std::string EntriesByNumber() const;
   std::string Tables() const;
-  std::string ArraySize() const;
+  // Whether there is a number for the constant of the size.
+  bool HasArraySize() const;
 
   const google::protobuf::EnumDescriptor* const enum_type_;
   const ValueList by_name_;

@@ -16,10 +16,26 @@ using google::protobuf::FileDescriptor;
 using Enums = std::vector<std::unique_ptr<EnumGenerator>>;
 using Messages = std::vector<std::unique_ptr<MessageGenerator>>;
 
+// Those of a unit, or of a message.
+template <typename Parent>
+void AddEnumGenerators(const Parent* parent, Enums* enums) {
+  for (int i = 0; i < parent->enum_type_count(); ++i) {
+    enums->push_back(std::make_unique<EnumGenerator>(parent->enum_type(i)));
+  }
+}
+
+void AddNestedEnumGenerators(const Descriptor* message, Enums* enums) {
+  AddEnumGenerators(message, enums);
+  for (int i = 0; i < message->nested_type_count(); ++i) {
+    AddNestedEnumGenerators(message->nested_type(i), enums);
+  }
+}
+
 Enums MakeEnumGenerators(const FileDescriptor* file) {
   Enums enums;
-  for (int i = 0; i < file->enum_type_count(); ++i) {
-    enums.push_back(std::make_unique<EnumGenerator>(file->enum_type(i)));
+  AddEnumGenerators(file, &enums);
+  for (int i = 0; i < file->message_type_count(); ++i) {
+    AddNestedEnumGenerators(file->message_type(i), &enums);
   }
   return enums;
 }

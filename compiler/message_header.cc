@@ -3,8 +3,10 @@
 #include <google/protobuf/descriptor.h>
 
 #include "compiler/doc_comment.h"
+#include "compiler/enum_generator.h"
 #include "compiler/message_generator.h"
 #include "compiler/names.h"
+#include "compiler/type_name.h"
 
 namespace vantiro {
 namespace compiler {
@@ -48,9 +50,13 @@ std::string MessageGenerator::NestedTypes() const {
   std::string result;
   for (int i = 0; i < message_->nested_type_count(); ++i) {
     const Descriptor* nested = message_->nested_type(i);
-    result += "using " + NestedName(nested) + " = " + ClassName(nested) + ";\n";
+    result += "using " + NestedName(nested) + " = " + TypeName(nested) + ";\n";
   }
-  return result.empty() ? "" : "\n" + result;
+  if (!result.empty()) result = "\n" + result;
+  for (int i = 0; i < message_->enum_type_count(); ++i) {
+    result += EnumGenerator(message_->enum_type(i)).MembersOfClass();
+  }
+  return result;
 }
 
 // Without arenas the inherited GetArena holds, which reports none.

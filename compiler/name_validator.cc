@@ -78,6 +78,9 @@ class ClassValidator {
       members_.push_back(
           {{NestedName(nested), Declaration::kOther, ""}, ElementOf(nested)});
     }
+    for (int i = 0; i < message_->enum_type_count(); ++i) {
+      CollectMembersFor(message_->enum_type(i));
+    }
     for (const auto& field : generator_.fields()) {
       const SchemaElement element = ElementOf(field->descriptor());
       ValidateSpelling(FieldName(field->descriptor()), element, errors_);
@@ -91,6 +94,22 @@ class ClassValidator {
       for (const Declaration& declaration : DeclarationsIn(code)) {
         members_.push_back({declaration, element});
       }
+    }
+  }
+
+  void CollectMembersFor(const EnumDescriptor* enum_type) {
+    std::map<std::string, SchemaElement> values;
+    for (int i = 0; i < enum_type->value_count(); ++i) {
+      const auto* const value = enum_type->value(i);
+      ValidateSpelling(NestedName(value), ElementOf(value), errors_);
+      values.emplace(NestedName(value), ElementOf(value));
+    }
+    ValidateSpelling(NestedName(enum_type), ElementOf(enum_type), errors_);
+    for (const Declaration& declaration :
+         DeclarationsIn(EnumGenerator(enum_type).MembersOfClass())) {
+      const auto value = values.extract(declaration.name);
+      members_.push_back(
+          {declaration, value.empty() ? ElementOf(enum_type) : value.mapped()});
     }
   }
 
@@ -208,6 +227,9 @@ class NamespaceValidator {
     for (const Declaration& declaration :
          DeclarationsIn(MessageGenerator(message).ForwardDeclarations())) {
       Declare({declaration, element});
+    }
+    for (int i = 0; i < message->enum_type_count(); ++i) {
+      ValidateEnum(message->enum_type(i));
     }
     for (int i = 0; i < message->nested_type_count(); ++i) {
       ValidateMessage(message->nested_type(i));

@@ -45,9 +45,12 @@ bool IsHiddenInFunctions(const std::string& name) {
   return std::isupper(static_cast<unsigned char>(name[0])) == 0 || name == "T";
 }
 
-// Whether a field, a nested message or the class itself has the name.
+// Whether a field, a nested message or enum, a value of such an enum or the
+// class itself has the name.
 bool IsMember(const Descriptor* message, const std::string& name) {
   if (name == ClassName(message)) return true;
+  if (message->FindEnumTypeByName(name) != nullptr) return true;
+  if (message->FindEnumValueByName(name) != nullptr) return true;
   for (int i = 0; i < message->nested_type_count(); ++i) {
     if (name == NestedName(message->nested_type(i))) return true;
   }
@@ -60,6 +63,7 @@ bool IsMember(const Descriptor* message, const std::string& name) {
 
 bool IsTypeOf(const Descriptor* message, const std::string& name) {
   if (name == message->name()) return true;
+  if (message->FindEnumTypeByName(name) != nullptr) return true;
   for (int i = 0; i < message->nested_type_count(); ++i) {
     if (IsTypeOf(message->nested_type(i), name)) return true;
   }
@@ -101,19 +105,34 @@ std::string ClassName(const Descriptor* message) {
 }
 
 std::string ClassName(const EnumDescriptor* enum_type) {
-  return ResolveKeyword(enum_type->name());
+  const Descriptor* const parent = enum_type->containing_type();
+  return parent == nullptr ? ResolveKeyword(enum_type->name())
+                           : ClassName(parent) + "_" + enum_type->name();
 }
 
 std::string NestedName(const Descriptor* message) {
   return ResolveKeyword(message->name());
 }
 
+std::string NestedName(const EnumDescriptor* enum_type) {
+  return ResolveKeyword(enum_type->name());
+}
+
+std::string NestedName(const EnumValueDescriptor* value) {
+  return ResolveKeyword(value->name());
+}
+
 std::string FieldName(const FieldDescriptor* field) {
   return ResolveKeyword(field->lowercase_name());
 }
 
+std::string ValuePrefix(const EnumDescriptor* enum_type) {
+  return enum_type->containing_type() == nullptr ? ""
+                                                 : ClassName(enum_type) + "_";
+}
+
 std::string ValueName(const EnumValueDescriptor* value) {
-  return ResolveKeyword(value->name());
+  return ValuePrefix(value->type()) + ResolveKeyword(value->name());
 }
 
 std::string QualifiedName(const Descriptor* message) {
@@ -131,6 +150,11 @@ std::string SafeName(const Descriptor* message) {
 
 std::string SafeName(const EnumDescriptor* enum_type) {
   const std::string name = ClassName(enum_type);
+  return IsHiddenInFunctions(name) ? QualifiedName(enum_type) : name;
+}
+
+std::string SafeNestedName(const EnumDescriptor* enum_type) {
+  const std::string name = NestedName(enum_type);
   return IsHiddenInFunctions(name) ? QualifiedName(enum_type) : name;
 }
 

@@ -13,17 +13,24 @@ namespace vantiro {
 namespace compiler {
 
 // The name of a message's class: its path in the unit joined by underscores.
-// The name of an enum. A name that is a keyword of C++ gets "_" appended, here
-// and below.
+// The name of an enum: the same. A name that is a keyword of C++ gets "_"
+// appended, here and below.
 std::string ClassName(const google::protobuf::Descriptor* message);
 std::string ClassName(const google::protobuf::EnumDescriptor* enum_type);
 
-// The name of a nested message in the class of the message around it.
+// The name of a nested message or enum in the class of the message around it.
 std::string NestedName(const google::protobuf::Descriptor* message);
+std::string NestedName(const google::protobuf::EnumDescriptor* enum_type);
 
 // The name of a field in its accessors and member: in lower case.
 std::string FieldName(const google::protobuf::FieldDescriptor* field);
 
+// The name of a value of a nested enum in that class.
+std::string NestedName(const google::protobuf::EnumValueDescriptor* value);
+
+// What the names of an enum's values and constants begin with in the namespace:
+// nothing, or "<Enum>_" for a nested enum.
+std::string ValuePrefix(const google::protobuf::EnumDescriptor* enum_type);
 std::string ValueName(const google::protobuf::EnumValueDescriptor* value);
 
 // The class or enum with all its namespaces, from "::" on.
@@ -36,6 +43,9 @@ std::string QualifiedName(const google::protobuf::EnumDescriptor* enum_type);
 std::string SafeName(const google::protobuf::Descriptor* message);
 std::string SafeName(const google::protobuf::EnumDescriptor* enum_type);
 
+// The same for a nested enum in a function of the class around it.
+std::string SafeNestedName(const google::protobuf::EnumDescriptor* enum_type);
+
 // "_<Class>_default_instance_"; with all its namespaces; in the class, where a
 // member could have that name.
 std::string DefaultInstanceName(const google::protobuf::Descriptor* message);
@@ -45,8 +55,8 @@ std::string SafeDefaultInstanceName(
     const google::protobuf::Descriptor* message);
 
 // The struct in the class that holds its scalars, and the member of that type:
-// "Scalars" and "scalars_", with more underscores if fields or nested messages
-// have these names.
+// "Scalars" and "scalars_", with more underscores if fields, nested messages or
+// enums have these names.
 std::string ScalarsType(const google::protobuf::Descriptor* message);
 std::string ScalarsName(const google::protobuf::Descriptor* message);
 

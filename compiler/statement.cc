@@ -138,7 +138,7 @@ int Statement::BreakPenalty(size_t i) const {
     return is_function_ ? 100 : CountArguments(i) > 1 ? 1 : 19;
   }
   if (OpensAngle(i - 1)) return 100;
-  if (before == ",") return 1;
+  if (before == ",") return IsTemplateArgumentOfCall(i) ? 30 : 1;
   if (before == "=" || before == "+=") {
     return text != "{" ? 2 : Text(i + 1) == "}" ? 300 : 0;
   }
@@ -153,6 +153,16 @@ int Statement::BreakPenalty(size_t i) const {
   if (text == "final" && Text(0) == "class") return 100;
   if (IsParameterName(i)) return 200;
   return 0;
+}
+
+bool Statement::IsTemplateArgumentOfCall(size_t i) const {
+  if (name_ > 0) return false;
+  for (size_t open = i; open > 0; --open) {
+    if (OpensAngle(open) && Closing(open) > i) {
+      return Text(Closing(open) + 1) == "(";
+    }
+  }
+  return false;
 }
 
 size_t Statement::EndOfMember(size_t i) const {

@@ -59,6 +59,7 @@ class Statement {
   bool IsLastMemberAccess(size_t i) const;
   bool IsParameterName(size_t i) const;
   int CountArguments(size_t begin) const;
+  bool IsTemplateArgumentOfCall(size_t i) const;
 
   const std::vector<Token> tokens_;
   const size_t name_;

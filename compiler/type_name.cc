@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstring>
 #include <iterator>
 
 #include "compiler/names.h"
@@ -12,6 +11,7 @@ namespace compiler {
 namespace {
 
 using google::protobuf::Descriptor;
+using google::protobuf::EnumDescriptor;
 using google::protobuf::FieldDescriptor;
 
 // How the members of MessageLite and of all emitted classes begin that have a
@@ -24,15 +24,33 @@ constexpr const char* kMemberPrefixes[] = {
     "Unsafe", "Utf8",
 };
 
+bool StartsWith(const std::string& text, const std::string& start) {
+  return text.compare(0, start.size(), start) == 0;
+}
+
+// Whether a nested enum gives its class a member of that name, or one that
+// begins with the name and "_", or may do so.
+bool DeclaresInClass(const EnumDescriptor* enum_type, const std::string& name) {
+  const std::string& nested = enum_type->name();
+  if (name == nested || StartsWith(name, nested + "_")) return true;
+  if (StartsWith(nested, name + "_")) return true;
+  for (int i = 0; i < enum_type->value_count(); ++i) {
+    const std::string& value = enum_type->value(i)->name();
+    if (value == name || StartsWith(value, name + "_")) return true;
+  }
+  return false;
+}
+
 // Whether members of the class of `message` can find no other thing by `name`.
 bool IsSafeInClass(const std::string& name, const Descriptor* message) {
   if (std::isupper(static_cast<unsigned char>(name[0])) == 0) return false;
   if (message->FindNestedTypeByName(name) != nullptr) return false;
-  return std::none_of(std::begin(kMemberPrefixes), std::end(kMemberPrefixes),
-                      [&name](const char* prefix) {
-                        return name.compare(0, std::strlen(prefix), prefix) ==
-                               0;
-                      });
+  for (int i = 0; i < message->enum_type_count(); ++i) {
+    if (DeclaresInClass(message->enum_type(i), name)) return false;
+  }
+  return std::none_of(
+      std::begin(kMemberPrefixes), std::end(kMemberPrefixes),
+      [&name](const char* prefix) { return StartsWith(name, prefix); });
 }
 
 template <typename Type>
@@ -51,6 +69,14 @@ std::string TypeName(const FieldDescriptor* field) {
                       message)
              : NameOf(field->message_type(), ClassName(field->message_type()),
                       message);
+}
+
+std::string TypeName(const Descriptor* nested) {
+  return NameOf(nested, ClassName(nested), nested->containing_type());
+}
+
+std::string TypeName(const EnumDescriptor* nested) {
+  return NameOf(nested, ClassName(nested), nested->containing_type());
 }
 
 std::string TypeNameInClass(const FieldDescriptor* field) {

@@ -16,6 +16,11 @@ namespace compiler {
 // name.
 std::string TypeName(const google::protobuf::FieldDescriptor* field);
 
+// The same for what is nested in the message of the class. After the name of an
+// enum come those of its functions and constants, with "_" between.
+std::string TypeName(const google::protobuf::Descriptor* nested);
+std::string TypeName(const google::protobuf::EnumDescriptor* nested);
+
 // The same within the class itself, which knows its nested messages by the
 // names that they have in the schema.
 std::string TypeNameInClass(const google::protobuf::FieldDescriptor* field);

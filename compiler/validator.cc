@@ -42,9 +42,6 @@ class FeatureValidator {
 
  private:
   void Validate(const Descriptor* message) {
-    for (int i = 0; i < message->enum_type_count(); ++i) {
-      Add(message->enum_type(i), "enums in messages are not supported");
-    }
     for (int i = 0; i < message->extension_count(); ++i) {
       Add(message->extension(i), "extensions are not supported");
     }

@@ -71,14 +71,15 @@ std::string TypesWithNamesOf(size_t size) {
   std::string text = "enum " + kind + " { " + value + number + " = 0; }\n";
   text += "// Of " + field + " and " + value + " and others.\n";
   text += "message " + type + " {\n  message Nested { " + kind + " " + field +
-          " = 1; }\n";
+          " = 1; }\n  enum Kind { N" + value + " = 0; }\n";
   int tag = 0;
   for (const std::string& field_type :
        {std::string("float"), std::string("uint32"), std::string("sint64"),
         std::string("bool"), std::string("string"), std::string("bytes"),
         std::string("repeated float"), std::string("repeated int32"), kind,
         "repeated " + kind, std::string("Nested"),
-        std::string("repeated Nested"), type, "repeated " + type}) {
+        std::string("repeated Nested"), std::string("Kind"), type,
+        "repeated " + type}) {
     ++tag;
     text += "  // " + field + field + ", " + value + " and more.\n";
     text += "  " + field_type + " " + field + static_cast<char>('a' + tag) +

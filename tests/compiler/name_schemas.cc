@@ -33,7 +33,9 @@ class Writer {
     WriteMessages("global_message", "");
     WriteNested();
     WriteEnums();
+    WriteNestedEnums();
     WriteValues();
+    WriteNestedValues();
     WriteFields();
     return std::move(schemas_);
   }
@@ -143,6 +145,23 @@ class Writer {
     Line("message OfEnums {" + fields + " }");
   }
 
+  void WriteNestedEnums() {
+    const std::string scope = "as_nested_enum.Outer.";
+    OpenInPackage("nested_enum.proto", "as_nested_enum.");
+    Line("message Outer {");
+    std::string fields;
+    number_ = 0;
+    for (const std::string& name : names_) {
+      if (Use("nested_enum", scope, name,
+              "  enum % { FIRST_# = 0; SECOND_# = -#; }")) {
+        const std::string number = std::to_string(number_);
+        fields += " " + Repeated() + "." + scope + name + " of_type_" + number +
+                  " = " + number + ";";
+      }
+    }
+    Line(fields + " int32 digit = 2047; string word = 2046; }");
+  }
+
   void WriteValues() {
     OpenInPackage("value.proto", "as_value.");
     Line("enum OfValues { OF_VALUES_FIRST = 0;");
@@ -151,6 +170,19 @@ class Writer {
       Use("value", "as_value.", name, "  % = #;");
     }
     Line("}");
+  }
+
+  void WriteNestedValues() {
+    const std::string scope = "as_nested_value.Outer.";
+    OpenInPackage("nested_value.proto", "as_nested_value.");
+    Line("message Sub {}");
+    Line("message Outer { enum Kind { KIND_FIRST = 0;");
+    number_ = 0;
+    for (const std::string& name : DistinctNames(names_)) {
+      Use("nested_value", scope, name, "  % = #;");
+    }
+    Line("} Kind of_kind = 1; Sub of_sub = 2; repeated Sub of_subs = 3;");
+    Line("int32 of_digit = 4; string of_word = 5; }");
   }
 
   void WriteFields() {

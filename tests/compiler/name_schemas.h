@@ -31,7 +31,7 @@ using IsWanted = std::function<bool(const NameUse&)>;
 // Uses all names in all positions, except where `is_wanted` says no.
 //
 // Positions: package, inner_package, message, global_message, nested, enum,
-// value, field (of every kind).
+// nested_enum, value, nested_value, field (of every kind).
 NameSchemas MakeNameSchemas(const std::vector<std::string>& names,
                             const IsWanted& is_wanted);
 

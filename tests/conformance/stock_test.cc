@@ -8,6 +8,7 @@
 #include "all_types.h"
 #include "stock_every_fixed.pb.h"
 #include "stock_every_kind.pb.h"
+#include "stock_nested_enums.pb.h"
 #include "stock_strings.pb.h"
 #include "stock_unpacked.pb.h"
 #include "tests/conformance/model/samples.h"
@@ -92,6 +93,9 @@ TEST(Stock, EveryKindIsTheSame) {
 }
 TEST(Stock, EveryFixedIsTheSame) {
   ExpectSameForRandomRecords<EveryFixed, stock::EveryFixed>();
+}
+TEST(Stock, NestedEnumsAreTheSame) {
+  ExpectSameForRandomRecords<Gauge, stock::Gauge>();
 }
 TEST(Stock, StringsAreTheSame) {
   ExpectSameForRandomRecords<Strings, stock::Strings>();

@@ -7,6 +7,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <type_traits>
 
 #include "all_types.h"
 #include "tests/support/bytes.h"
@@ -53,7 +54,7 @@ std::map<std::string, Enum> AllEnums() {
 }
 
 TEST(Enums, KnowTheDeclaredValuesAndNoOthers) {
-  EXPECT_EQ(AllEnums().size(), 73u + 2);
+  EXPECT_EQ(AllEnums().size(), 73u + 4);
   for (const auto& [full_name, an_enum] : AllEnums()) {
     SCOPED_TRACE(full_name);
     EXPECT_EQ(an_enum.min, an_enum.values.begin()->first);
@@ -87,6 +88,26 @@ TEST(Enums, HaveTheNameDeclaredFirstAndParseAll) {
     EXPECT_TRUE(Alias_Parse(name, &value)) << name;
     EXPECT_EQ(value, number) << name;
   }
+}
+
+// Those of the class are tested above with all others.
+TEST(Enums, InMessagesHaveTheNamesOfProtocsClasses) {
+  static_assert(std::is_same<Gauge::Mode, Gauge_Mode>::value);
+  static_assert(!std::is_same<Gauge::Mode, Gauge::Part::Mode>::value);
+  static_assert(Gauge::MODE_ON == Gauge_Mode_MODE_ON);
+  static_assert(Gauge::int_ == Gauge_Mode_int_);
+  static_assert(Gauge::Part::MODE_ON == 2);
+  static_assert(Gauge_Mode_Mode_MIN == Gauge::Mode_MIN);
+  static_assert(Gauge_Mode_Mode_MAX == Gauge::int_);
+  static_assert(Gauge_Mode_Mode_ARRAYSIZE == Gauge::Mode_ARRAYSIZE);
+  EXPECT_TRUE(Gauge_Mode_IsValid(-2));
+  EXPECT_EQ(Gauge_Mode_Name(Gauge::MODE_RUNNING), "MODE_ON");
+  Gauge_Part_Mode mode;
+  EXPECT_TRUE(Gauge_Part_Mode_Parse("MODE_ON", &mode));
+  EXPECT_EQ(mode, Gauge::Part::MODE_ON);
+  // A constant is an object with an address.
+  const Gauge::Mode* const address = &Gauge::MODE_BELOW;
+  EXPECT_EQ(*address, -2);
 }
 
 TEST(Enums, ParseExactNamesOnlyAndElseLeaveTheValueAlone) {

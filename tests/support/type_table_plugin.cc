@@ -5,7 +5,7 @@
 //   VANTIRO_MESSAGE(class, "full name")
 //   VANTIRO_<sort of field>(class, "full name", number, name, KIND, "type")
 //   VANTIRO_UNPACKED_FIELD("full name", number), behind that of the field
-//   VANTIRO_ENUM(enum, "full name", namespace, name)
+//   VANTIRO_ENUM(enum, "full name", namespace or class, name)
 //   VANTIRO_ENUM_VALUE(enum, "full name", "value name", number)
 //
 // A message's fields follow it, ordered by number. "type" is that of a message
@@ -67,6 +67,25 @@ std::string Macro(const FieldDescriptor* field) {
   return field->is_repeated() ? "REPEATED_FIELD" : "SCALAR_FIELD";
 }
 
+void Print(const EnumDescriptor* enum_type, Printer* printer) {
+  const Descriptor* const parent = enum_type->containing_type();
+  std::map<std::string, std::string> variables = {
+      {"scope",
+       parent == nullptr ? Namespace(enum_type->file()) : Class(parent)},
+      {"name", enum_type->name()},
+      {"full_name", enum_type->full_name()}};
+  printer->Print(variables,
+                 "VANTIRO_ENUM($scope$::$name$, \"$full_name$\", "
+                 "$scope$, $name$)\n");
+  for (int i = 0; i < enum_type->value_count(); ++i) {
+    variables["value"] = enum_type->value(i)->name();
+    variables["number"] = std::to_string(enum_type->value(i)->number());
+    printer->Print(variables,
+                   "VANTIRO_ENUM_VALUE($scope$::$name$, \"$full_name$\", "
+                   "\"$value$\", $number$)\n");
+  }
+}
+
 void Print(const Descriptor* message, Printer* printer) {
   std::map<std::string, std::string> variables = {
       {"class", Class(message)}, {"full_name", message->full_name()}};
@@ -92,25 +111,11 @@ void Print(const Descriptor* message, Printer* printer) {
                      "VANTIRO_UNPACKED_FIELD(\"$full_name$\", $number$)\n");
     }
   }
+  for (int i = 0; i < message->enum_type_count(); ++i) {
+    Print(message->enum_type(i), printer);
+  }
   for (int i = 0; i < message->nested_type_count(); ++i) {
     Print(message->nested_type(i), printer);
-  }
-}
-
-void Print(const EnumDescriptor* enum_type, Printer* printer) {
-  std::map<std::string, std::string> variables = {
-      {"namespace", Namespace(enum_type->file())},
-      {"name", enum_type->name()},
-      {"full_name", enum_type->full_name()}};
-  printer->Print(variables,
-                 "VANTIRO_ENUM($namespace$::$name$, \"$full_name$\", "
-                 "$namespace$, $name$)\n");
-  for (int i = 0; i < enum_type->value_count(); ++i) {
-    variables["value"] = enum_type->value(i)->name();
-    variables["number"] = std::to_string(enum_type->value(i)->number());
-    printer->Print(variables,
-                   "VANTIRO_ENUM_VALUE($namespace$::$name$, \"$full_name$\", "
-                   "\"$value$\", $number$)\n");
   }
 }
 
