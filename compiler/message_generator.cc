@@ -36,6 +36,7 @@ MessageGenerator::MessageGenerator(const Descriptor* message)
                   {"scc_info", SccInfoName(message)},
                   {"full_name", message->full_name()},
                   {"PeekTag", PeekFunction(message)},
+                  {"RawTag", MaxTagSize(message) > 2 ? "LongRawTag" : "RawTag"},
                   {"SafeClass", SafeName(message)},
                   {"safe_default_instance", SafeDefaultInstanceName(message)},
                   {"qualified_default_instance",

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "compiler/message_generator.h"
 
@@ -13,10 +14,13 @@ namespace {
 // asserts that the library's writer has so much space.
 constexpr int kMaxSpace = 128;
 
+// Fields with longer tags are sized, merged, read and written one by one.
+constexpr int kMaxJoinedTagSize = 2;
+
 // Fewer floats are not worth testing together. More, with tags of two bytes,
 // would not fit into the space that is asked for at once.
 constexpr size_t kMinFloatRun = 4;
-constexpr size_t kMaxFloatRun = kMaxSpace / (2 + sizeof(float));
+constexpr size_t kMaxFloatRun = kMaxSpace / (kMaxJoinedTagSize + sizeof(float));
 
 using Fields = std::vector<const FieldGenerator*>;
 
@@ -41,10 +45,13 @@ std::vector<Fields> MessageGenerator::ScalarGroups() const {
 
 std::vector<Fields> MessageGenerator::JoinedGroups() const {
   std::vector<Fields> groups;
-  for (const Fields& group : ScalarGroups()) {
-    if (!group.front()->size_kind().empty() && group.size() > 1) {
-      groups.push_back(group);
+  for (Fields& group : ScalarGroups()) {
+    if (group.front()->size_kind().empty()) continue;
+    // The fields are in the order of their numbers.
+    while (!group.empty() && group.back()->tag_size() > kMaxJoinedTagSize) {
+      group.pop_back();
     }
+    if (group.size() > 1) groups.push_back(std::move(group));
   }
   return groups;
 }
@@ -112,7 +119,10 @@ Fields MessageGenerator::FloatRun(size_t begin) const {
     const bool is_next =
         run.empty() ||
         field.descriptor()->number() == run.back()->descriptor()->number() + 1;
-    if (field.size_kind() != "Float" || !is_next) break;
+    if (field.size_kind() != "Float" || !is_next ||
+        field.tag_size() > kMaxJoinedTagSize) {
+      break;
+    }
     run.push_back(&field);
   }
   if (run.size() < kMinFloatRun) run.clear();

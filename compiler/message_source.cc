@@ -151,7 +151,7 @@ std::string MessageGenerator::Parsing() const {
   return Substitute(Combine(variables_, {{"fields", ParseFields()}}), R"(
       const ::uint8_t* $Class$::_InternalParseFlat(::google::protobuf::MessageLite* message, const ::uint8_t* p, const ::uint8_t* end, $internal$::ParseState* state) {
         auto* const self = static_cast<$SafeClass$*>(message);
-        $internal$::RawTag tag = $PeekTag$(p, end);
+        $internal$::$RawTag$ tag = $PeekTag$(p, end);
         while (p != end) {
           const ::uint8_t* const start = p;
           $fields$

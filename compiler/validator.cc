@@ -15,9 +15,6 @@ using google::protobuf::FieldDescriptor;
 using google::protobuf::FileDescriptor;
 using google::protobuf::FileOptions;
 
-// A tag of more than two bytes would need a field number above this.
-constexpr int kMaxFieldNumber = 2047;
-
 class FeatureValidator {
  public:
   explicit FeatureValidator(ValidationErrors* errors) : errors_(errors) {}
@@ -63,9 +60,6 @@ class FeatureValidator {
   }
 
   void Validate(const FieldDescriptor* field) {
-    if (field->number() > kMaxFieldNumber) {
-      Add(field, "field numbers above 2047 are not supported");
-    }
     if (field->is_map()) {
       Add(field, "maps are not supported");
       return;

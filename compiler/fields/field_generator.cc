@@ -1,7 +1,10 @@
 #include "compiler/fields/field_generator.h"
 
+#include <google/protobuf/io/coded_stream.h>
 #include <google/protobuf/stubs/strutil.h>
 #include <google/protobuf/wire_format_lite.h>
+
+#include <algorithm>
 
 #include "compiler/doc_comment.h"
 #include "compiler/names.h"
@@ -28,6 +31,16 @@ std::string DeclarationInSchema(const FieldDescriptor* field) {
          std::to_string(field->number()) + ";";
 }
 
+int TagSize(uint32_t tag) {
+  return static_cast<int>(
+      google::protobuf::io::CodedOutputStream::VarintSize32(tag));
+}
+
+std::string HexByte(uint32_t byte) {
+  return google::protobuf::StrCat(google::protobuf::strings::Hex(
+      byte, google::protobuf::strings::ZERO_PAD_2));
+}
+
 // The tag that the field is written with: the packed one for a repeated scalar.
 uint32_t Tag(const FieldDescriptor* field) {
   const auto type = static_cast<WireFormatLite::FieldType>(field->type());
@@ -45,7 +58,7 @@ FieldGenerator::FieldGenerator(const FieldDescriptor* field)
                   {"name", FieldName(field)},
                   {"tag", RawTagText(Tag(field))},
                   {"tag_value", std::to_string(Tag(field))},
-                  {"tag_size", Tag(field) < 0x80 ? "1" : "2"},
+                  {"tag_size", std::to_string(TagSize(Tag(field)))},
                   {"PeekTag", PeekFunction(field->containing_type())},
                   {"internal", InternalNamespace(field->file())},
                   {"scalars", ScalarsName(field->containing_type())}}) {}
@@ -76,18 +89,24 @@ std::string FieldGenerator::ParseWhenTag(const std::string& read) const {
 
 std::string PeekFunction(const google::protobuf::Descriptor* message) {
   const std::string internal = InternalNamespace(message->file());
+  const int size = MaxTagSize(message);
+  return internal + (size == 1   ? "::PeekOneByteTag"
+                     : size == 2 ? "::PeekTag"
+                                 : "::PeekLongTag");
+}
+
+int MaxTagSize(const google::protobuf::Descriptor* message) {
+  int size = 1;
   for (int i = 0; i < message->field_count(); ++i) {
-    if (Tag(message->field(i)) >= 0x80) return internal + "::PeekTag";
+    size = std::max(size, TagSize(Tag(message->field(i))));
   }
-  return internal + "::PeekOneByteTag";
+  return size;
 }
 
 std::string RawTagText(uint32_t tag) {
-  const uint32_t raw = tag < 0x80 ? tag : (tag & 0x7f) | 0x80 | (tag >> 7) << 8;
-  using google::protobuf::strings::Hex;
-  return google::protobuf::StrCat(
-      "0x", Hex(raw, tag < 0x80 ? google::protobuf::strings::ZERO_PAD_2
-                                : google::protobuf::strings::ZERO_PAD_4));
+  std::string text;
+  for (; tag >= 0x80; tag >>= 7) text = HexByte((tag & 0x7f) | 0x80) + text;
+  return "0x" + HexByte(tag) + text;
 }
 
 }  // namespace compiler

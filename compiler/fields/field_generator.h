@@ -31,7 +31,7 @@ class FieldGenerator {
   const std::string& internal_namespace() const {
     return variables_.at("internal");
   }
-  int tag_size() const { return variables_.at("tag_size") == "1" ? 1 : 2; }
+  int tag_size() const { return std::stoi(variables_.at("tag_size")); }
 
   // The header, in the class: the accessors with the field's comment and its
   // declaration in the schema; the members. Accessors that need the class of a
@@ -103,9 +103,12 @@ class FieldGenerator {
   Variables variables_;
 };
 
-// The bytes of a tag of at most two bytes as a number in hexadecimal, the first
-// byte lowest: emitted parsers compare tags in this form.
+// The bytes of a tag as a number in hexadecimal, the first byte lowest: emitted
+// parsers compare tags in this form.
 std::string RawTagText(uint32_t tag);
+
+// The size of the message's longest tag.
+int MaxTagSize(const google::protobuf::Descriptor* message);
 
 // The function of lib/internal by which the message's parser looks at tags.
 std::string PeekFunction(const google::protobuf::Descriptor* message);

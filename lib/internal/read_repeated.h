@@ -73,9 +73,9 @@ const uint8_t* ReadPackedVarints(const uint8_t* p, const uint8_t* end,
 // length is read as an element. These classes have always read such bytes so,
 // and it is part of their contract (WireRepeated.UnpackedBeforePacked*): do not
 // correct it here. Repeated enums do not look ahead.
-template <typename Kind>
+template <typename Kind, typename Tag>
 const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
-                                  RawTag packed_tag, const ParseState& state,
+                                  Tag packed_tag, const ParseState& state,
                                   RepeatedField<typename Kind::Type>* field) {
   Varint varint = ReadVarint(p, end);
   if (varint.next == nullptr) return nullptr;
@@ -83,8 +83,8 @@ const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
   if (std::is_same<Kind, Enum>::value) return varint.next;
   int spare = field->Capacity() - field->size();
   while (spare-- > 0 &&
-         PeekTag(varint.next, state.bounds.EndOfLookAhead(varint.next, end)) ==
-             packed_tag) {
+         Peek<Tag>(varint.next, state.bounds.EndOfLookAhead(
+                                    varint.next, end)) == packed_tag) {
     varint = ReadVarint(varint.next + RawTagSize(packed_tag), end);
     if (varint.next == nullptr) return nullptr;
     field->AddAlreadyReserved(Kind::FromVarint(varint.value));
@@ -122,9 +122,9 @@ const uint8_t* ReadPackedFixed(const uint8_t* p, const uint8_t* end,
 }
 
 // As ReadUnpackedVarint, with the same look-ahead.
-template <typename T>
+template <typename Tag, typename T>
 const uint8_t* ReadUnpackedFixed(const uint8_t* p, const uint8_t* end,
-                                 RawTag packed_tag, const ParseState& state,
+                                 Tag packed_tag, const ParseState& state,
                                  RepeatedField<T>* field) {
   constexpr ptrdiff_t kValueSize = sizeof(T);
   T element;
@@ -137,7 +137,7 @@ const uint8_t* ReadUnpackedFixed(const uint8_t* p, const uint8_t* end,
   const ptrdiff_t available = std::min<ptrdiff_t>(
       field->Capacity() - field->size(),
       (state.bounds.EndOfLookAhead(p, end) - p) / (tag_size + kValueSize));
-  for (ptrdiff_t i = 0; i < available && PeekTag(p, end) == packed_tag; ++i) {
+  for (ptrdiff_t i = 0; i < available && Peek<Tag>(p, end) == packed_tag; ++i) {
     p = ReadFixed(p + tag_size, end, &element);
     field->AddAlreadyReserved(element);
   }
@@ -155,9 +155,14 @@ const uint8_t* ReadUnpackedFloat(const uint8_t* p, const uint8_t* end,
 
 // Read a repeated field at its packed or its unpacked tag.
 
-template <typename Kind, LookAhead kLookAhead = LookAhead::kPackedTag>
+// Tag, which only the argument before decides.
+template <typename Tag>
+using PackedTag = typename std::enable_if<true, Tag>::type;
+
+template <typename Kind, LookAhead kLookAhead = LookAhead::kPackedTag,
+          typename Tag>
 const uint8_t* ReadRepeatedVarint(
-    const uint8_t* p, const uint8_t* end, RawTag tag, RawTag packed_tag,
+    const uint8_t* p, const uint8_t* end, Tag tag, PackedTag<Tag> packed_tag,
     const ParseState& state,
     google::protobuf::RepeatedField<typename Kind::Type>* field) {
   if (kLookAhead == LookAhead::kNone && tag != packed_tag) {
@@ -171,9 +176,10 @@ const uint8_t* ReadRepeatedVarint(
              : ReadUnpackedVarint<Kind>(p, end, packed_tag, state, field);
 }
 
-template <LookAhead kLookAhead = LookAhead::kPackedTag, typename T>
-const uint8_t* ReadRepeatedFixed(const uint8_t* p, const uint8_t* end,
-                                 RawTag tag, RawTag packed_tag,
+template <LookAhead kLookAhead = LookAhead::kPackedTag, typename Tag,
+          typename T>
+const uint8_t* ReadRepeatedFixed(const uint8_t* p, const uint8_t* end, Tag tag,
+                                 PackedTag<Tag> packed_tag,
                                  const ParseState& state,
                                  google::protobuf::RepeatedField<T>* field) {
   if (kLookAhead == LookAhead::kNone && tag != packed_tag) {
@@ -193,6 +199,11 @@ inline const uint8_t* ReadRepeatedFloat(
   return tag == packed_tag
              ? ReadPackedFloats(p, end, state, field)
              : ReadUnpackedFloat(p, end, packed_tag, state, field);
+}
+inline const uint8_t* ReadRepeatedFloat(
+    const uint8_t* p, const uint8_t* end, LongRawTag tag, LongRawTag packed_tag,
+    const ParseState& state, google::protobuf::RepeatedField<float>* field) {
+  return ReadRepeatedFixed(p, end, tag, packed_tag, state, field);
 }
 
 }  // namespace internal

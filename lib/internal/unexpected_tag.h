@@ -15,18 +15,22 @@ namespace internal {
 
 // Where a parser continues: at position `p`, which is null on failure, with the
 // raw tag `tag`.
+template <typename Tag>
 struct NextTag {
   const uint8_t* p;
-  RawTag tag;
+  Tag tag;
 };
 
 // See HandleUnexpectedTag, which emitted code calls.
-NextTag ReadUnexpectedTag(
+NextTag<RawTag> ReadUnexpectedTag(
     const uint8_t* p, const uint8_t* end, RawTag tag,
+    google::protobuf::internal::InternalMetadata* metadata, ParseState* state);
+NextTag<LongRawTag> ReadUnexpectedTag(
+    const uint8_t* p, const uint8_t* end, LongRawTag tag,
     google::protobuf::internal::InternalMetadata* metadata, ParseState* state);
 
 // Called by a parser at `p`, before `end`, when none of its fields matched
-// `*tag`, which is what PeekTag gave for `p`. Sets it to the tag that the
+// `*tag`, which is what Peek gave for `p`. Sets it to the tag that the
 // parser continues with, and returns where, or null if the parse ends.
 //
 // - An overlong tag that has a raw tag: gives the raw tag, and a position for
@@ -39,10 +43,11 @@ NextTag ReadUnexpectedTag(
 //   (ParseState::invalid_tag).
 //
 // Inline, so that the parser's `tag` can stay in a register.
+template <typename Tag>
 inline const uint8_t* HandleUnexpectedTag(
-    const uint8_t* p, const uint8_t* end, RawTag* tag,
+    const uint8_t* p, const uint8_t* end, Tag* tag,
     google::protobuf::internal::InternalMetadata* metadata, ParseState* state) {
-  const NextTag next = ReadUnexpectedTag(p, end, *tag, metadata, state);
+  const NextTag<Tag> next = ReadUnexpectedTag(p, end, *tag, metadata, state);
   *tag = next.tag;
   return next.p;
 }

@@ -123,7 +123,7 @@ uint8_t* WriteUnpackedVarints(
     const google::protobuf::RepeatedField<typename Kind::Type>& field,
     Writer* writer) {
   for (const typename Kind::Type element : field) {
-    p = writer->EnsureSpace<kMaxTagSize + Kind::kMaxSize>(p);
+    p = writer->EnsureSpace<TagSize(kTag) + Kind::kMaxSize>(p);
     p = WriteVarint(WriteTag<kTag>(p), Kind::ToVarint(element));
   }
   return p;
@@ -134,7 +134,7 @@ uint8_t* WriteUnpackedFixed(uint8_t* p,
                             const google::protobuf::RepeatedField<T>& field,
                             Writer* writer) {
   for (const T element : field) {
-    p = writer->EnsureSpace<kMaxTagSize + sizeof(T)>(p);
+    p = writer->EnsureSpace<TagSize(kTag) + sizeof(T)>(p);
     p = WriteTag<kTag>(p);
     Store(p, element);
     p += sizeof(T);

@@ -24,14 +24,17 @@ inline void Store(uint8_t* p, T bits) {
 
 template <uint32_t kTag>
 inline uint8_t* WriteTag(uint8_t* p) {
-  static_assert(kTag <= kMaxTwoByteTag, "a tag of more than two bytes");
-  constexpr RawTag kRaw = ToRawTag(kTag);
-  if (TagSize(kTag) == 1) {
+  constexpr LongRawTag kRaw = ToLongRawTag(kTag);
+  constexpr int kSize = TagSize(kTag);
+  if constexpr (kSize == 1) {
     p[0] = static_cast<uint8_t>(kRaw);
-  } else {
+  } else if constexpr (kSize == 2) {
     Store(p, static_cast<uint16_t>(kRaw));
+  } else {
+    Store(p, static_cast<uint32_t>(kRaw));
+    if constexpr (kSize == 5) p[4] = static_cast<uint8_t>(kRaw >> 32);
   }
-  return p + TagSize(kTag);
+  return p + kSize;
 }
 
 // Spreads 28 bits over four bytes of seven bits each. An addition of the same
@@ -95,24 +98,28 @@ __attribute__((always_inline)) inline uint8_t* WriteVarint(uint8_t* p,
 template <uint32_t kTag, typename T>
 __attribute__((always_inline)) inline uint8_t* WriteTaggedVarint(uint8_t* p,
                                                                  T value) {
-  constexpr uint32_t kRaw = ToRawTag(kTag);
   constexpr int kSize = TagSize(kTag);
-  const auto bits = static_cast<typename std::make_unsigned<T>::type>(value);
-  if (__builtin_expect_with_probability(bits < 0x80, 1, 0.6)) {
-    const uint32_t both = kRaw | static_cast<uint32_t>(bits) << (8 * kSize);
-    if (kSize == 1) {
-      Store(p, static_cast<uint16_t>(both));
-    } else {
-      Store(p, both);
+  if constexpr (kSize > 2) {
+    return WriteVarint(WriteTag<kTag>(p), value);
+  } else {
+    constexpr uint32_t kRaw = ToRawTag(kTag);
+    const auto bits = static_cast<typename std::make_unsigned<T>::type>(value);
+    if (__builtin_expect_with_probability(bits < 0x80, 1, 0.6)) {
+      const uint32_t both = kRaw | static_cast<uint32_t>(bits) << (8 * kSize);
+      if (kSize == 1) {
+        Store(p, static_cast<uint16_t>(both));
+      } else {
+        Store(p, both);
+      }
+      return p + kSize + 1;
     }
-    return p + kSize + 1;
+    if (__builtin_expect_with_probability(bits < 0x4000, 1, 0.6)) {
+      const uint32_t varint = TwoByteVarint(static_cast<uint32_t>(bits));
+      Store(p, kRaw | varint << (8 * kSize));
+      return p + kSize + 2;
+    }
+    return WriteLongVarint(WriteTag<kTag>(p), value);
   }
-  if (__builtin_expect_with_probability(bits < 0x4000, 1, 0.6)) {
-    const uint32_t varint = TwoByteVarint(static_cast<uint32_t>(bits));
-    Store(p, kRaw | varint << (8 * kSize));
-    return p + kSize + 2;
-  }
-  return WriteLongVarint(WriteTag<kTag>(p), value);
 }
 
 }  // namespace internal

@@ -8,6 +8,7 @@
 #include "all_types.h"
 #include "stock_every_fixed.pb.h"
 #include "stock_every_kind.pb.h"
+#include "stock_far_numbers.pb.h"
 #include "stock_nested_enums.pb.h"
 #include "stock_strings.pb.h"
 #include "stock_unpacked.pb.h"
@@ -28,6 +29,15 @@ void DropNegativeZeros(stock::EveryKind* message) {
 void DropNegativeZeros(stock::EveryFixed* message) {
   if (message->double_value() == 0) message->set_double_value(0);
   if (message->last_double() == 0) message->set_last_double(0);
+}
+
+void DropNegativeZeros(stock::FarNumbers* message) {
+  if (message->near_float() == 0) message->set_near_float(0);
+  if (message->next_float() == 0) message->set_next_float(0);
+  if (message->third_float() == 0) message->set_third_float(0);
+  if (message->fourth_float() == 0) message->set_fourth_float(0);
+  if (message->far_float() == 0) message->set_far_float(0);
+  if (message->far_double() == 0) message->set_far_double(0);
 }
 
 // Of what protoc's classes refuse, ours accept what the wire rules allow: 3.21
@@ -96,6 +106,10 @@ TEST(Stock, EveryFixedIsTheSame) {
 }
 TEST(Stock, NestedEnumsAreTheSame) {
   ExpectSameForRandomRecords<Gauge, stock::Gauge>();
+}
+TEST(Stock, FarNumbersAreTheSame) {
+  ExpectSameForRandomRecords<FarNumbers, stock::FarNumbers>();
+  ExpectSameForRandomRecords<ThreeByteTags, stock::ThreeByteTags>();
 }
 TEST(Stock, StringsAreTheSame) {
   ExpectSameForRandomRecords<Strings, stock::Strings>();

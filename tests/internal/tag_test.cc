@@ -37,6 +37,30 @@ TEST(Tag, IsARawTagIfItsEncodingIsTheShortest) {
   }
 }
 
+TEST(Tag, OfUpToFiveBytesIsARawTagToo) {
+  for (int bit = 0; bit < 32; ++bit) {
+    for (const uint32_t tag : {uint32_t{1} << bit, UINT32_MAX >> bit}) {
+      // Its shortest encoding, one byte longer, and cut off.
+      uint8_t bytes[6] = {};
+      const int size = TagSize(tag);
+      for (int i = 0; i < size; ++i) {
+        bytes[i] = static_cast<uint8_t>(tag >> (7 * i) | 0x80);
+      }
+      bytes[size - 1] &= 0x7f;
+      const LongRawTag raw = PeekLongTag(bytes, bytes + size);
+      EXPECT_EQ(raw, ToLongRawTag(tag)) << tag;
+      EXPECT_EQ(FromRawTag(raw), tag);
+      EXPECT_EQ(RawTagSize(raw), size) << tag;
+      EXPECT_EQ(PeekLongTag(bytes, bytes + size - 1), 0u) << tag;
+      bytes[size - 1] |= 0x80;
+      EXPECT_EQ(PeekLongTag(bytes, bytes + size + 1), 0u) << tag;
+    }
+  }
+  // More than 32 bits.
+  const uint8_t bytes[] = {0x88, 0x80, 0x80, 0x80, 0x10};
+  EXPECT_EQ(PeekLongTag(bytes, bytes + 5), 0u);
+}
+
 }  // namespace
 }  // namespace internal
 }  // namespace vantiro
