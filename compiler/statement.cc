@@ -12,6 +12,7 @@ bool IsNameCharacter(char c) {
 
 size_t EndOfToken(const std::string& text, size_t begin) {
   if (text[begin] == '"') return text.find('"', begin + 1) + 1;
+  if (text.compare(begin, 2, "[[") == 0) return text.find("]]", begin) + 2;
   for (const char* sign : {"::", "->", "&&", "+=", "!=", "==", "/*", "*/"}) {
     if (text.compare(begin, 2, sign) == 0) return begin + 2;
   }
@@ -104,7 +105,8 @@ size_t Statement::FindDeclaredName() const {
        {"return", "delete", "class", "struct", "using", ":"}) {
     if (Text(0) == word) return 0;
   }
-  for (size_t i = 1; i < tokens_.size(); ++i) {
+  const size_t begin = Text(0) == "[[deprecated]]" ? 1 : 0;
+  for (size_t i = begin + 1; i < tokens_.size(); ++i) {
     if (OpensAngle(i)) i = Closing(i);
     const std::string& text = Text(i);
     if (text != "(" && text != "=" && text != "[" && text != ";") continue;
@@ -113,8 +115,8 @@ size_t Statement::FindDeclaredName() const {
            !tokens_[name - 1].follows_space) {
       name -= 2;
     }
-    const bool has_type =
-        name > 0 && tokens_[name].follows_space && Text(name - 1) != "explicit";
+    const bool has_type = name > begin && tokens_[name].follows_space &&
+                          Text(name - 1) != "explicit";
     return has_type ? name : 0;
   }
   return 0;

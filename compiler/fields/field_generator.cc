@@ -1,10 +1,12 @@
 #include "compiler/fields/field_generator.h"
 
+#include <google/protobuf/descriptor.pb.h>
 #include <google/protobuf/io/coded_stream.h>
 #include <google/protobuf/stubs/strutil.h>
 #include <google/protobuf/wire_format_lite.h>
 
 #include <algorithm>
+#include <sstream>
 
 #include "compiler/doc_comment.h"
 #include "compiler/names.h"
@@ -41,6 +43,18 @@ std::string HexByte(uint32_t byte) {
       byte, google::protobuf::strings::ZERO_PAD_2));
 }
 
+// With an attribute for each accessor of a deprecated field.
+std::string Attributed(const FieldDescriptor* field,
+                       const std::string& accessors) {
+  if (!field->options().deprecated()) return accessors;
+  std::string result;
+  std::istringstream lines(accessors);
+  for (std::string line; std::getline(lines, line);) {
+    result += "[[deprecated]] " + line + "\n";
+  }
+  return result;
+}
+
 // The tag that the field is written with: the packed one for a repeated scalar.
 uint32_t Tag(const FieldDescriptor* field) {
   const auto type = static_cast<WireFormatLite::FieldType>(field->type());
@@ -66,7 +80,7 @@ FieldGenerator::FieldGenerator(const FieldDescriptor* field)
 std::string FieldGenerator::PublicMembers() const {
   return Substitute({{"comment", DocComment(field_)},
                      {"declaration", DeclarationInSchema(field_)},
-                     {"accessors", AccessorDeclarations()}},
+                     {"accessors", Attributed(field_, AccessorDeclarations())}},
                     R"(
 
       $comment$

@@ -142,7 +142,9 @@ std::string MessageFieldGenerator::Parse() const {
       has_arenas_ && HasArenas(descriptor()->message_type()->file())
           ? Internal("MutableMessage(self->GetArenaForAllocation(), &self->") +
                 name() + "_, &state->chunk)"
-          : "self->mutable_" + name() + "()";
+          : Internal("MutableMessage(") +
+                (has_arenas_ ? "self->GetArenaForAllocation()" : "nullptr") +
+                ", &self->" + name() + "_)";
   return ParseWhenTag(Internal("ReadMessage(p + ") +
                       variables().at("tag_size") + ", end, " + message +
                       ", state)");

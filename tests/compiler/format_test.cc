@@ -83,7 +83,8 @@ std::string TypesWithNamesOf(size_t size) {
     ++tag;
     text += "  // " + field + field + ", " + value + " and more.\n";
     text += "  " + field_type + " " + field + static_cast<char>('a' + tag) +
-            " = " + std::to_string(10 * tag) + ";\n";
+            " = " + std::to_string(10 * tag) +
+            (size % 2 == 0 ? ";\n" : " [deprecated = true];\n");
   }
   return text + "}\n";
 }
