@@ -1,6 +1,7 @@
 // The shared library as a file: what it needs, what it runs at load, what it
 // exports. The classes are not linked here; what they have to export is worked
-// out from the schema.
+// out from the schema. So it is for the test units, which have what no unit of
+// the library has.
 
 #include <gtest/gtest.h>
 
@@ -111,10 +112,11 @@ std::string Namespace(const FileDescriptor* file) {
   return Replace(file->package(), '.', "::") + "::";
 }
 
-// The class's name without its namespaces.
-std::string Leaf(const Descriptor* message) {
-  const size_t package_size = message->file()->package().size();
-  return Replace(message->full_name().substr(package_size + 1), '.', "_");
+// The name of a class or enum without its namespaces.
+template <typename Type>
+std::string Leaf(const Type* type) {
+  const size_t package_size = type->file()->package().size();
+  return Replace(type->full_name().substr(package_size + 1), '.', "_");
 }
 
 std::string Class(const Descriptor* message) {
@@ -174,6 +176,13 @@ void AddField(const FieldDescriptor* field, Names* names) {
   }
 }
 
+void AddEnum(const EnumDescriptor* enum_type, Names* names) {
+  const std::string name = Namespace(enum_type->file()) + Leaf(enum_type);
+  names->insert(name + "_IsValid(int)");
+  names->insert(name + "_Name[abi:cxx11](" + name + ")");
+  names->insert(name + "_Parse(" + kString + " const&, " + name + "*)");
+}
+
 void AddMessage(const Descriptor* message, Names* names) {
   const auto add = [&](const auto& patterns) {
     for (std::string name : patterns) {
@@ -192,22 +201,19 @@ void AddMessage(const Descriptor* message, Names* names) {
   for (int i = 0; i < message->field_count(); ++i) {
     AddField(message->field(i), names);
   }
+  for (int i = 0; i < message->enum_type_count(); ++i) {
+    AddEnum(message->enum_type(i), names);
+  }
   for (int i = 0; i < message->nested_type_count(); ++i) {
     AddMessage(message->nested_type(i), names);
   }
 }
 
-void AddEnum(const EnumDescriptor* enum_type, Names* names) {
-  const std::string name = Namespace(enum_type->file()) + enum_type->name();
-  names->insert(name + "_IsValid(int)");
-  names->insert(name + "_Name[abi:cxx11](" + name + ")");
-  names->insert(name + "_Parse(" + kString + " const&, " + name + "*)");
-}
-
-Names ExportsOfTheSchema() {
+Names ExportsOf(const std::string& folder,
+                const std::vector<std::string>& units) {
   Names names;
-  Schemas schemas(VANTIRO_SCHEMA);
-  for (const std::string& unit : FilesIn(VANTIRO_SCHEMA, ".proto")) {
+  Schemas schemas(folder);
+  for (const std::string& unit : units) {
     const FileDescriptor* const file = schemas.Import(unit);
     for (int i = 0; i < file->enum_type_count(); ++i) {
       AddEnum(file->enum_type(i), &names);
@@ -228,16 +234,35 @@ std::string Difference(const Names& a, const Names& b) {
   return result;
 }
 
-TEST(Library, ExportsWhatTheContractNamesAndNothingElse) {
-  Names exported;
-  for (const std::string& line : Ask(VANTIRO_NM " -D -C --defined-only")) {
-    // Address, kind, name.
-    exported.insert(line.substr(line.find(' ') + 3));
+// What a library defines, dynamic or not: lines of an address, a kind and a
+// name.
+Names SymbolsOf(const std::string& library, const std::string& option) {
+  Names names;
+  const std::string nm = VANTIRO_NM " -C --defined-only" + option;
+  for (const std::string& line : Ask(nm, library)) {
+    const size_t end_of_address = line.find(' ');
+    if (end_of_address == 16) names.insert(line.substr(end_of_address + 3));
   }
-  const Names wanted = ExportsOfTheSchema();
+  return names;
+}
+
+TEST(Library, ExportsWhatTheContractNamesAndNothingElse) {
+  const Names exported = SymbolsOf(VANTIRO_LIBRARY, " -D");
+  const Names wanted =
+      ExportsOf(VANTIRO_SCHEMA, FilesIn(VANTIRO_SCHEMA, ".proto"));
   EXPECT_EQ(wanted.size(), 7228u);
   EXPECT_EQ(Difference(wanted, exported), "") << "is not exported";
   EXPECT_EQ(Difference(exported, wanted), "") << "should not be exported";
+}
+
+TEST(TestUnits, DefineWhatALibraryOfThemHasToExport) {
+  std::istringstream stream(VANTIRO_TEST_UNITS);
+  std::vector<std::string> units;
+  for (std::string unit; stream >> unit;) units.push_back(unit + ".proto");
+  const Names wanted = ExportsOf(VANTIRO_TEST_SCHEMA, units);
+  EXPECT_GT(wanted.size(), 400u);
+  EXPECT_EQ(Difference(wanted, SymbolsOf(VANTIRO_TEST_UNITS_LIBRARY, "")), "")
+      << "is not defined";
 }
 
 }  // namespace
