@@ -5,6 +5,9 @@
 
 #include "all_types.h"
 
+// Deprecated fields are tested like all others.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
 namespace vantiro {
 namespace tests {
 namespace {

@@ -33,6 +33,32 @@ TEST(BuiltInSchema, HasAClassForEveryMessage) {
   }
 }
 
+bool IsRead(const FieldDescriptor& field) {
+  switch (field.type()) {
+    case FieldDescriptor::TYPE_DOUBLE:
+    case FieldDescriptor::TYPE_FIXED32:
+    case FieldDescriptor::TYPE_FIXED64:
+    case FieldDescriptor::TYPE_SFIXED32:
+    case FieldDescriptor::TYPE_SFIXED64:
+      return false;
+    case FieldDescriptor::TYPE_STRING:
+    case FieldDescriptor::TYPE_BYTES:
+      return !field.is_repeated();
+    default:
+      return field.is_packed() == field.is_packable();
+  }
+}
+
+// The classes read more. Whoever adds such a field has to teach the program
+// first: it would misread the records.
+TEST(BuiltInSchema, HasOnlyFieldsThatTheProgramReads) {
+  for (const Descriptor* const message : Schema::BuiltIn().messages()) {
+    for (const FieldDescriptor* const field : FieldsOf(message)) {
+      EXPECT_TRUE(IsRead(*field)) << field->DebugString();
+    }
+  }
+}
+
 TEST(BuiltInSchema, TakesShortNamesWhereTheyAreUnique) {
   const Schema& schema = Schema::BuiltIn();
   for (const char* const name :
