@@ -8,6 +8,7 @@
 
 #include "tests/conformance/model/checked_message.h"
 #include "tests/support/bytes.h"
+#include "tests/support/differences.h"
 
 namespace vantiro {
 namespace tests {
@@ -97,26 +98,31 @@ class GroupTest : public testing::Test {
   void TestBody() override {
     const google::protobuf::LogSilencer silence;
     EXPECT_FALSE(group_.cases.empty());
+    Differences differences;
     for (const Case& wanted : group_.cases) {
       const std::vector<Input> inputs =
           InputsGiven(group_.way, FromHex(wanted.input));
       EXPECT_FALSE(inputs.empty()) << group_.way;
-      for (const Input& input : inputs) {
-        SCOPED_TRACE(ToString(input));
-        std::string written;
-        const Verdict verdict =
-            ReadByAllEntryPoints(FindType(wanted.type_name), input, &written);
-        EXPECT_EQ(verdict.complete ? "reads"
-                  : verdict.merged ? "stops"
-                                   : "fails",
-                  wanted.verdict);
-        if (wanted.output == "*") continue;
-        EXPECT_TRUE(AreSame(written, FromHex(wanted.output)));
-      }
+      differences.Check(wanted.input, [&] {
+        for (const Input& input : inputs) ExpectRead(wanted, input);
+      });
     }
   }
 
  private:
+  static void ExpectRead(const Case& wanted, const Input& input) {
+    SCOPED_TRACE(ToString(input));
+    std::string written;
+    const Verdict verdict =
+        ReadByAllEntryPoints(FindType(wanted.type_name), input, &written);
+    EXPECT_EQ(verdict.complete ? "reads"
+              : verdict.merged ? "stops"
+                               : "fails",
+              wanted.verdict);
+    if (wanted.output == "*") return;
+    EXPECT_TRUE(AreSame(written, FromHex(wanted.output)));
+  }
+
   const CaseGroup group_;
 };
 

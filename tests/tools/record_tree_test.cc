@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/bytes.h"
+#include "tests/support/differences.h"
 #include "tests/support/vectors.h"
 #include "tools/check/classes.h"
 #include "tools/record/record.h"
@@ -38,10 +39,13 @@ void ExpectAgreement(const std::string& type, const std::string& bytes) {
 
 TEST(RecordTree, AgreesWithTheClassOnEveryVector) {
   const google::protobuf::LogSilencer silence;
+  tests::Differences differences;
   int count = 0;
   for (const tests::Vector& vector : tests::AllVectors()) {
-    ExpectAgreement(vector.type_name, vector.a);
-    if (vector.has_b) ExpectAgreement(vector.type_name, vector.b);
+    differences.Check(vector.id, [&] {
+      ExpectAgreement(vector.type_name, vector.a);
+      if (vector.has_b) ExpectAgreement(vector.type_name, vector.b);
+    });
     ++count;
   }
   EXPECT_GT(count, 6000);
