@@ -13,8 +13,8 @@ std::string RepeatedFixedFieldGenerator::WriteFunction() const {
 }
 
 std::string RepeatedFixedFieldGenerator::ReadFunction() const {
-  return Internal(is_packed() ? "ReadRepeatedFixed" : "ReadRepeatedFixed<") +
-         (is_packed() ? "" : Internal("LookAhead::kNone>"));
+  return Internal(looks_ahead() ? "ReadRepeatedFixed" : "ReadRepeatedFixed<") +
+         (looks_ahead() ? "" : Internal("LookAhead::kNone>"));
 }
 
 }  // namespace compiler

@@ -13,8 +13,8 @@ std::string RepeatedFloatFieldGenerator::WriteFunction() const {
 }
 
 std::string RepeatedFloatFieldGenerator::ReadFunction() const {
-  return Internal(is_packed() ? "ReadRepeatedFloat" : "ReadRepeatedFixed<") +
-         (is_packed() ? "" : Internal("LookAhead::kNone>"));
+  return Internal(looks_ahead() ? "ReadRepeatedFloat" : "ReadRepeatedFixed<") +
+         (looks_ahead() ? "" : Internal("LookAhead::kNone>"));
 }
 
 }  // namespace compiler

@@ -40,6 +40,9 @@ class RepeatedScalarFieldGenerator : public FieldGenerator {
   // An expression for the size of all elements without tags.
   virtual std::string PayloadSize() const = 0;
   bool is_packed() const { return descriptor()->is_packed(); }
+  // Whether the parser looks ahead after an unpacked element. As in 3.9.1 it
+  // does not do so for longer tags.
+  bool looks_ahead() const { return is_packed() && tag_size() <= 2; }
   // The functions of lib/internal that write and read the field.
   virtual std::string WriteFunction() const = 0;
   virtual std::string ReadFunction() const = 0;

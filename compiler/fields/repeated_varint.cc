@@ -28,7 +28,7 @@ std::string RepeatedVarintFieldGenerator::WriteFunction() const {
 
 std::string RepeatedVarintFieldGenerator::ReadFunction() const {
   return Internal("ReadRepeatedVarint<") + Internal(kind_.name) +
-         (is_packed() ? ">" : ", " + Internal("LookAhead::kNone>"));
+         (looks_ahead() ? ">" : ", " + Internal("LookAhead::kNone>"));
 }
 
 std::string RepeatedBoolFieldGenerator::WriteFunction() const {

@@ -23,7 +23,8 @@ namespace internal {
 // What a parser does after an unpacked element (ReadUnpackedVarint).
 enum class LookAhead {
   kPackedTag,
-  // Nothing: for fields that are declared with [packed = false].
+  // Nothing: for fields that are declared with [packed = false], or whose tag
+  // has more than two bytes.
   kNone,
 };
 

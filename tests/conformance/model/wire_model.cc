@@ -271,7 +271,8 @@ class ModelParser {
   }
 
   // After an unpacked element the reader looks ahead for the packed tag, while
-  // the field has capacity to spare, and takes what follows for an element.
+  // the field has capacity to spare, and takes what follows for an element. Not
+  // so if the tag has more than two bytes.
   bool ReadUnpacked(const Field& field, Value* value) {
     const std::string packed_tag = Tag(field.number, kDelimited);
     const size_t needed = packed_tag.size() + FixedSize(field.kind);
@@ -280,7 +281,7 @@ class ModelParser {
       if (!ReadElement(field.kind, &bits)) return false;
       value->Append(field.kind, bits);
       if (field.kind == Kind::ENUM || !field.is_packed ||
-          value->elements.size() == value->capacity ||
+          packed_tag.size() > 2 || value->elements.size() == value->capacity ||
           EndOfChunk() - position_ < needed ||
           bytes_.compare(position_, packed_tag.size(), packed_tag) != 0) {
         return true;
