@@ -82,10 +82,11 @@ const uint8_t* ReadUnpackedVarint(const uint8_t* p, const uint8_t* end,
   if (varint.next == nullptr) return nullptr;
   AddElement(Kind::FromVarint(varint.value), field);
   if (std::is_same<Kind, Enum>::value) return varint.next;
+  const InputBounds& bounds = state.bounds;
   int spare = field->Capacity() - field->size();
   while (spare-- > 0 &&
-         Peek<Tag>(varint.next, state.bounds.EndOfLookAhead(
-                                    varint.next, end)) == packed_tag) {
+         Peek<Tag>(varint.next, bounds.EndOfLookAhead(varint.next, end)) ==
+             packed_tag) {
     varint = ReadVarint(varint.next + RawTagSize(packed_tag), end);
     if (varint.next == nullptr) return nullptr;
     field->AddAlreadyReserved(Kind::FromVarint(varint.value));

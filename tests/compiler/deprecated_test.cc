@@ -17,11 +17,13 @@ namespace {
 class Deprecated : public testing::Test {
  protected:
   void SetUp() override {
-    const ProtocRun run =
-        RunProtoc({VANTIRO_TEST_SCHEMA}, {"deprecated.proto"});
+    const ProtocRun run = RunProtoc(
+        {VANTIRO_TEST_SCHEMA}, {"deprecated.proto", "deprecated_values.proto"});
     ASSERT_EQ(run.said, "");
     for (const auto& [name, text] : run.files) Write(name, text);
-    Write("sources.cc", "#include \"deprecated.pb.cc\"\n");
+    Write("sources.cc",
+          "#include \"deprecated.pb.cc\"\n"
+          "#include \"deprecated_values.pb.cc\"\n");
   }
   void TearDown() override { std::filesystem::remove_all(folder_); }
 
@@ -36,7 +38,9 @@ class Deprecated : public testing::Test {
 
 TEST_F(Deprecated, IsNotUsedByEmittedCode) {
   EXPECT_EQ(Compile(VANTIRO_COMPILE_SOURCES), "");
-  Write("headers.cc", "#include \"deprecated.pb.h\"\n");
+  Write("headers.cc",
+        "#include \"deprecated.pb.h\"\n"
+        "#include \"deprecated_values.pb.h\"\n");
   std::istringstream commands(VANTIRO_COMPILE_HEADERS);
   for (std::string command; std::getline(commands, command);) {
     EXPECT_EQ(Compile(command), "") << command;
@@ -55,22 +59,23 @@ TEST_F(Deprecated, AreAllAccessorsOfTheFieldAndTheValue) {
                                          "m->add_texts(\"\");",
                                          "m->sides(0);",
                                          "m->mutable_children();",
-                                         "(void)PACE_FAST;",
-                                         "(void)Deprecated::SIDE_LEFT;",
-                                         "(void)Deprecated_Side_SIDE_LEFT;"};
+                                         "(void)GEAR_HIGH;",
+                                         "(void)Drive::WHEEL_LEFT;",
+                                         "(void)Drive_Wheel_WHEEL_LEFT;"};
   std::string code =
       "#include \"deprecated.pb.h\"\n"
+      "#include \"deprecated_values.pb.h\"\n"
       "using namespace vantiro::tests;\n"
       "void Use(vantiro::tests::Deprecated* m) {\n";
   for (const std::string& use : uses) code += use + "\n";
   Write("sources.cc", code +
                           "m->set_in_use(PACE_SLOW);\n"
-                          "(void)Pace_MAX;\n"
-                          "(void)Deprecated::Side_MIN;\n"
-                          "(void)Deprecated::SIDE_NONE;\n}\n");
+                          "(void)Gear_MAX;\n"
+                          "(void)Drive::Wheel_MIN;\n"
+                          "(void)Drive::WHEEL_NONE;\n}\n");
   const std::string said = Compile(VANTIRO_COMPILE_SOURCES);
   for (size_t i = 0; i < uses.size() + 5; ++i) {
-    const std::string place = "sources.cc:" + std::to_string(i + 4) + ":";
+    const std::string place = "sources.cc:" + std::to_string(i + 5) + ":";
     EXPECT_EQ(said.find(place) != std::string::npos, i < uses.size())
         << (i < uses.size() ? uses[i] : place) << "\n"
         << said;
