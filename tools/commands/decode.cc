@@ -66,6 +66,8 @@ class Decoder : public RecordHandler {
     const std::optional<Fault>& fault = decoded.fault;
     RemoveDefaults(&record);
     if (options_.defaults) AddDefaults(&record);
+    // JSON in a line has about this size.
+    if (has_several_) report->output.reserve(8 * bytes.size());
     if (elements_.has_value()) {
       WriteElements(name, record, fault, &report->output);
     } else if (options_.format == "csv") {

@@ -165,6 +165,7 @@ class JsonWriter {
     bool has_strings = options_.is_strict;
     for_each([&](const Member& member) {
       WriteMember(member, is_of_paths);
+      if (member.one.value == nullptr) return;
       if (!has_nans && HasNan(member.one)) {
         has_nans = true;
         out_.PlainKey(kNanMember);

@@ -36,7 +36,8 @@ std::string Reason(const Score& score, size_t size) {
 
 std::vector<Candidate> Identify(const std::vector<const Descriptor*>& types,
                                 std::string_view bytes) {
-  StructureCache structures;
+  // Making these takes longer than scoring a record.
+  thread_local StructureCache structures;
   std::vector<Candidate> candidates;
   for (const Descriptor* const type : types) {
     const Score score = ScoreRecord(structures.Get(*type), bytes);

@@ -23,8 +23,8 @@ struct Record;
 class FieldValue {
  public:
   // An empty value.
-  FieldValue();
-  explicit FieldValue(const FieldDescriptor& field);
+  FieldValue() = default;
+  explicit FieldValue(const FieldDescriptor& field) : field_(&field) {}
   FieldValue(FieldValue&& other) noexcept;
   FieldValue& operator=(FieldValue&& other) noexcept;
   ~FieldValue();
@@ -48,13 +48,30 @@ class FieldValue {
   Record* AddMessage();
 
  private:
+  using OwnedScalars = std::unique_ptr<std::vector<uint64_t>>;
+  using OwnedString = std::unique_ptr<std::string>;
+  using OwnedMessages = std::unique_ptr<std::vector<Record>>;
+
   const FieldDescriptor* field_ = nullptr;
   // A singular scalar, or what of the other three is not empty.
-  std::variant<std::monostate, uint64_t, std::unique_ptr<std::vector<uint64_t>>,
-               std::unique_ptr<std::string>,
-               std::unique_ptr<std::vector<Record>>>
+  std::variant<std::monostate, uint64_t, OwnedScalars, OwnedString,
+               OwnedMessages>
       value_;
 };
+
+inline ArrayView<const uint64_t> FieldValue::scalars() const {
+  if (const auto* const one = std::get_if<uint64_t>(&value_)) return {one, 1};
+  const auto* const several = std::get_if<OwnedScalars>(&value_);
+  if (several == nullptr) return {};
+  return {(*several)->data(), (*several)->size()};
+}
+
+inline ArrayView<uint64_t> FieldValue::mutable_scalars() {
+  if (auto* const one = std::get_if<uint64_t>(&value_)) return {one, 1};
+  auto* const several = std::get_if<OwnedScalars>(&value_);
+  if (several == nullptr) return {};
+  return {(*several)->data(), (*several)->size()};
+}
 
 // The value that a field without an entry has; not for messages.
 FieldValue DefaultValue(const FieldDescriptor& field);

@@ -60,6 +60,24 @@ struct Record {
   google::protobuf::UnknownFieldSet unknown;
 };
 
+// These of FieldValue need a whole Record.
+
+inline FieldValue::FieldValue(FieldValue&& other) noexcept = default;
+inline FieldValue& FieldValue::operator=(FieldValue&& other) noexcept = default;
+inline FieldValue::~FieldValue() = default;
+
+inline ArrayView<const Record> FieldValue::messages() const {
+  const auto* const messages = std::get_if<OwnedMessages>(&value_);
+  if (messages == nullptr) return {};
+  return {(*messages)->data(), (*messages)->size()};
+}
+
+inline ArrayView<Record> FieldValue::mutable_messages() {
+  auto* const messages = std::get_if<OwnedMessages>(&value_);
+  if (messages == nullptr) return {};
+  return {(*messages)->data(), (*messages)->size()};
+}
+
 struct DecodedRecord {
   Record record;
   std::optional<Fault> fault;

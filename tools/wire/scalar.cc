@@ -10,20 +10,11 @@ namespace {
 
 using google::protobuf::internal::WireFormatLite;
 
-constexpr uint64_t kFloatSign = 0x80000000;
-
 uint64_t Low32(uint64_t bits) { return static_cast<uint32_t>(bits); }
 
 int32_t AsInt32(uint64_t bits) { return static_cast<int32_t>(bits); }
 
 }  // namespace
-
-bool AcceptsWireType(const FieldDescriptor& field, WireType type) {
-  return type == WireFormatLite::WireTypeForFieldType(
-                     static_cast<WireFormatLite::FieldType>(field.type())) ||
-         (field.is_packed() &&
-          type == WireFormatLite::WIRETYPE_LENGTH_DELIMITED);
-}
 
 uint64_t FromVarint(const FieldDescriptor& field, uint64_t varint) {
   switch (field.type()) {
@@ -56,21 +47,6 @@ uint64_t ToVarint(const FieldDescriptor& field, uint64_t bits) {
       return bits;
   }
 }
-
-bool IsZero(const FieldDescriptor& field, uint64_t bits) {
-  return IsFloat(field) ? (bits & ~kFloatSign) == 0 : bits == 0;
-}
-
-bool IsFloat(const FieldDescriptor& field) {
-  return field.type() == FieldDescriptor::TYPE_FLOAT;
-}
-
-bool IsScalar(const FieldDescriptor& field) {
-  return field.cpp_type() != FieldDescriptor::CPPTYPE_STRING &&
-         field.cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE;
-}
-
-bool IsNan(uint64_t bits) { return (bits & 0x7fffffff) > 0x7f800000; }
 
 float ToFloat(uint64_t bits) {
   const auto low = static_cast<uint32_t>(bits);

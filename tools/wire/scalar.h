@@ -15,8 +15,25 @@
 namespace vantiro {
 namespace tools {
 
+// These are called for each value, and are short.
+
+inline bool IsFloat(const FieldDescriptor& field) {
+  return field.type() == FieldDescriptor::TYPE_FLOAT;
+}
+// Neither a string, nor bytes, nor a message.
+inline bool IsScalar(const FieldDescriptor& field) {
+  return field.cpp_type() != FieldDescriptor::CPPTYPE_STRING &&
+         field.cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE;
+}
+
 // Whether the class reads a value of that wire type into the field.
-bool AcceptsWireType(const FieldDescriptor& field, WireType type);
+inline bool AcceptsWireType(const FieldDescriptor& field, WireType type) {
+  using google::protobuf::internal::WireFormatLite;
+  return type == WireFormatLite::WireTypeForFieldType(
+                     static_cast<WireFormatLite::FieldType>(field.type())) ||
+         (type == WireFormatLite::WIRETYPE_LENGTH_DELIMITED &&
+          field.is_packed());
+}
 
 // The bits that a field holds after reading a varint; not for a float.
 uint64_t FromVarint(const FieldDescriptor& field, uint64_t varint);
@@ -24,14 +41,12 @@ uint64_t FromVarint(const FieldDescriptor& field, uint64_t varint);
 uint64_t ToVarint(const FieldDescriptor& field, uint64_t bits);
 
 // Whether a singular field of these bits is not written: 0 or -0.0.
-bool IsZero(const FieldDescriptor& field, uint64_t bits);
-
-bool IsFloat(const FieldDescriptor& field);
-// Neither a string, nor bytes, nor a message.
-bool IsScalar(const FieldDescriptor& field);
+inline bool IsZero(const FieldDescriptor& field, uint64_t bits) {
+  return bits == 0 || (bits == 0x80000000 && IsFloat(field));
+}
 
 // These take and return the bits of a float.
-bool IsNan(uint64_t bits);
+inline bool IsNan(uint64_t bits) { return (bits & 0x7fffffff) > 0x7f800000; }
 float ToFloat(uint64_t bits);
 uint64_t FromFloat(float value);
 
