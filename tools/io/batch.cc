@@ -2,24 +2,14 @@
 
 #include <algorithm>
 #include <exception>
-#include <fstream>
-#include <iostream>
-#include <sstream>
 #include <thread>
-#include <utility>
 
+#include "tools/io/batch_writer.h"
 #include "tools/io/ordered_work.h"
 #include "tools/wire/escape.h"
 
 namespace vantiro {
 namespace tools {
-namespace {
-
-// The records of a stream that are handled at a time have this size together,
-// or one more record.
-constexpr size_t kTaskSize = size_t{1} << 16;
-
-}  // namespace
 
 void Batch::AddStreamOptions(CLI::App* command) {
   command->add_flag("-d,--delimited", delimited_,
@@ -48,78 +38,23 @@ void Batch::Run(const RecordHandler& handler) {
   size_t threads = jobs_;
   if (threads == 0) threads = std::max(1U, std::thread::hardware_concurrency());
   if (!delimited_) threads = std::min(threads, inputs().size());
-  progress_ = std::make_unique<Progress>(inputs().size(), io_.quiet());
-  output_->Begin(inputs());
-  if (!output_->is_folder()) output_->Write(handler.Header());
-  OrderedWork<Task, Result>(
-      {[this] { return Next(); },
-       [&](const Task& task) { return Work(handler, task); },
-       [&](const Result& result) { Finish(handler, result); }})
+  BatchTasks tasks(inputs(), delimited_, io_);
+  BatchWriter writer(handler, inputs(), &*output_, &io_);
+  writer.Begin();
+  OrderedWork<BatchTask, BatchResult>(
+      {[&] { return tasks.Next(); },
+       [&](const BatchTask& task) { return Work(handler, task); },
+       [&](const BatchResult& result) { writer.Write(result); }})
       .Run(threads);
-  progress_->Hide();
-  if (output_->is_folder()) {
-    std::cout << handler.Footer();
-  } else {
-    output_->Write(handler.Footer());
-  }
-  // If nothing could be read, a former output stays.
-  if (total_ > 0 && unread_ == total_) output_->Drop();
-  output_->End();
-  if (inputs().size() > 1 || total_ > 1) WriteFailures();
-}
-
-std::optional<Batch::Task> Batch::Next() {
-  if (reader_.has_value()) return NextOfStream();
-  if (next_input_ == inputs().size()) return std::nullopt;
-  const Input& input = inputs()[next_input_++];
-  Task task;
-  task.input = &input;
-  try {
-    task.error = input.error;
-    if (!task.error.empty() || !delimited_) return task;
-    OpenStream(input.file);
-    return NextOfStream();
-  } catch (const UsageError& error) {
-    task.error = error.what();
-    return task;
+  writer.End();
+  if (inputs().size() > 1 || writer.total() > 1) {
+    writer.WriteFailures(delimited_ ? "records" : "inputs");
   }
 }
 
-void Batch::OpenStream(const std::string& file) {
-  if (io_.decodes()) {
-    stream_ = std::make_unique<std::istringstream>(io_.ReadBytes(file));
-  } else if (file != "-") {
-    stream_ = std::make_unique<std::ifstream>(CommandIo::Open(file));
-  }
-  const bool is_standard_input = file == "-" && !io_.decodes();
-  reader_.emplace(is_standard_input ? &std::cin : stream_.get());
-  record_count_ = 0;
-}
-
-Batch::Task Batch::NextOfStream() {
-  Task task;
-  task.input = &inputs()[next_input_ - 1];
-  task.first = record_count_;
-  size_t size = 0;
-  std::string record;
-  task.ends_input = false;
-  while (size < kTaskSize) {
-    if (!reader_->Read(&record)) {
-      task.ends_input = true;
-      task.fault = reader_->fault();
-      reader_.reset();
-      break;
-    }
-    size += record.size();
-    task.records.push_back(std::move(record));
-  }
-  record_count_ += task.records.size();
-  return task;
-}
-
-Batch::Result Batch::Work(const RecordHandler& handler,
-                          const Task& task) const {
-  Result result;
+BatchResult Batch::Work(const RecordHandler& handler,
+                        const BatchTask& task) const {
+  BatchResult result;
   result.input = task.input;
   result.begins_input = task.first == 0;
   result.ends_input = task.ends_input;
@@ -127,11 +62,12 @@ Batch::Result Batch::Work(const RecordHandler& handler,
   if (!task.error.empty()) {
     result.reports.push_back(Unhandled(handler, file, task.error, ""));
   } else if (!delimited_) {
-    result.reports.push_back(WorkOnFile(handler, file));
+    result.reports.push_back(WorkOnFile(handler, file, &result.size));
   }
   for (size_t i = 0; i < task.records.size(); ++i) {
     const std::string name = file + '[' + std::to_string(task.first + i) + ']';
     result.reports.push_back(Handle(handler, name, task.records[i]));
+    result.size += task.records[i].size();
   }
   result.is_unread = !task.error.empty() ||
                      (!delimited_ && result.reports[0].status == kWrongUse);
@@ -142,14 +78,15 @@ Batch::Result Batch::Work(const RecordHandler& handler,
   return result;
 }
 
-Report Batch::WorkOnFile(const RecordHandler& handler,
-                         const std::string& file) const {
+Report Batch::WorkOnFile(const RecordHandler& handler, const std::string& file,
+                         size_t* size) const {
   std::string bytes;
   try {
     bytes = io_.ReadBytes(file);
   } catch (const UsageError& error) {
     return Unhandled(handler, file, error.what(), "");
   }
+  *size = bytes.size();
   return Handle(handler, file, bytes);
 }
 
@@ -177,63 +114,6 @@ Report Batch::Unhandled(const RecordHandler& handler, const std::string& name,
   }
   report.status = kWrongUse;
   return report;
-}
-
-void Batch::Finish(const RecordHandler& handler, const Result& result) {
-  progress_->Hide();
-  try {
-    if (result.begins_input && !result.is_unread && output_->is_folder()) {
-      output_->BeginInput(*result.input, handler.Extension());
-      output_->Write(handler.Header());
-    }
-  } catch (const UsageError& error) {
-    ReportError(error.what());
-  }
-  for (const Report& report : result.reports) WriteReport(handler, report);
-  try {
-    if (result.ends_input) output_->EndInput();
-  } catch (const UsageError& error) {
-    output_->Drop();
-    ReportError(error.what());
-  }
-  inputs_done_ += result.ends_input ? 1 : 0;
-  progress_->Show(inputs_done_);
-}
-
-void Batch::ReportError(const std::string& error) {
-  ++unwritten_;
-  io_.RaiseStatus(kWrongUse);
-  std::cerr << "vantiro-records: " << EscapeControlsInLines(error) << '\n';
-}
-
-void Batch::WriteReport(const RecordHandler& handler, const Report& report) {
-  ++total_;
-  unread_ += report.status == kWrongUse ? 1 : 0;
-  damaged_ += report.is_damaged ? 1 : 0;
-  io_.RaiseStatus(report.status);
-  // Standard error is not buffered: what belongs before it is written first.
-  if (!report.notes.empty() && HasSeveral()) std::cout.flush();
-  if (!report.notes.empty()) std::cerr << report.notes;
-  output_->Write(handler.Collect(report.output));
-  if (report.errors.empty()) return;
-  std::cout.flush();
-  std::cerr << report.errors;
-}
-
-void Batch::WriteFailures() const {
-  std::string counts;
-  const auto add = [&counts](size_t count, const char* what) {
-    if (count == 0) return;
-    counts += (counts.empty() ? "" : ", ") + std::to_string(count) + what;
-  };
-  add(unread_, " not read");
-  add(damaged_, " damaged");
-  add(unwritten_, " not written");
-  if (counts.empty()) return;
-  std::cout.flush();
-  std::cerr << "vantiro-records: " << unread_ + damaged_ + unwritten_ << " of "
-            << total_ << (delimited_ ? " records" : " inputs")
-            << " failed: " << counts << '\n';
 }
 
 }  // namespace tools
