@@ -129,6 +129,11 @@ TEST(Formats, ReadOtherNotationsAndRejectWhatIsInvalidWithItsPlace) {
   }
 }
 
+TEST(Formats, ReadALongLineThatBeginsLikeALog) {
+  EXPECT_EQ(Result("hex", "-", "D/" + std::string(500000, 'a') + ":"),
+            "line 1, column 2: not a hexadecimal digit");
+}
+
 }  // namespace
 }  // namespace tools
 }  // namespace vantiro

@@ -17,11 +17,12 @@ class HexError : public std::runtime_error {
 };
 
 // The bytes of `text`, which is one of:
-//   - hexadecimal digits, two for a byte, with white space, commas or colons
-//     between bytes, and 0x or \x before bytes or 0x before all;
-//   - an array or string literal of C;
+//   - hexadecimal digits, two for a byte, with white space, commas, colons or
+//     hyphens between bytes, and 0x or \x before bytes or 0x before all;
+//   - an array or string literal of C, Java or Python;
 //   - the output of xxd, hexdump -C or od -tx1, with offsets, columns of
-//     characters, and * for repeated lines;
+//     characters, and * for repeated lines; the characters have to be those of
+//     the bytes;
 //   - one of these in the lines of a log of Android.
 // Throws a HexError.
 std::string ReadHexText(std::string_view text);
